@@ -1,0 +1,24 @@
+#pragma once
+
+#include <Inventor/SoDB.h>
+#include <Inventor/SoInteraction.h>
+
+#include <QApplication>
+#include <QTest>
+
+/// The main function of a test program: Coin and the application made ready, one test object run, everything
+/// released again, so that a leak checker sees only what the tested code left behind.
+#define KLV_TEST_MAIN(TestClass)                                                                             \
+    int main(int argc, char** argv)                                                                          \
+    {                                                                                                        \
+        SoDB::init();                                                                                        \
+        SoInteraction::init();                                                                               \
+        int result = 0;                                                                                      \
+        {                                                                                                    \
+            QApplication application(argc, argv);                                                            \
+            TestClass test;                                                                                  \
+            result = QTest::qExec(&test, argc, argv);                                                        \
+        }                                                                                                    \
+        SoDB::finish();                                                                                      \
+        return result;                                                                                       \
+    }
