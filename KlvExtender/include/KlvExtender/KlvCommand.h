@@ -8,9 +8,9 @@ class SoField;
 
 /// One change to the scene graph that the host's history can undo and redo.
 ///
-/// An editor makes the change, creates the command with `new` and hands it to `KlvServices::pushCommand()`, which
-/// owns it from then on and calls `execute()` once. A command that says which field it changes gets exact undo from
-/// the history, whatever its own `undo()` can restore: see `KlvServices`.
+/// An editor makes the change, creates the command with `new` and hands it to `KlvServices::pushCommand()`,
+/// which owns it from then on and calls `execute()` once. A command that says which field it changes gets
+/// exact undo from the history, whatever its own `undo()` can restore: see `KlvServices`.
 class KLV_EXTENDER_EXPORT KlvCommand
 {
 public:
@@ -36,16 +36,16 @@ public:
     /// The field that it changes, or null when it did not say.
     SoField* getField() const { return m_field; }
     Kind getKind() const { return m_kind; }
-    /// What the step is called in the history, with "%1" where the name of the field goes ("Add 2 rows to %1");
-    /// empty to let the history choose a name.
+    /// What the step is called in the history, with "%1" where the name of the field goes ("Add 2 rows to
+    /// %1"); empty to let the history choose a name.
     const QString& getText() const { return m_text; }
 
 protected:
-    /// A command that does not say what it changes. If the selected field has another value after the command than
-    /// before, the history takes it for a value edit of that field.
+    /// A command that does not say what it changes. If the selected field has another value after the command
+    /// than before, the history takes it for a value edit of that field.
     KlvCommand();
-    /// A command that changes `field` and nothing else. The field must be in a container that can be referenced, or
-    /// outlive the history; it may be null, which is as above.
+    /// A command that changes `field` and nothing else. The field must be in a container that can be
+    /// referenced, or outlive the history; it may be null, which is as above.
     explicit KlvCommand(SoField* field, Kind kind = Kind::ValueEdit, const QString& text = QString());
 
 private:

@@ -10,9 +10,9 @@ class KlvProfileSetting;
 
 /// Something that a plug-in adds to the host: a dock, a tool bar, an editor.
 ///
-/// The host calls `load()` once after the plug-in has registered the extension, `activate()` and `deactivate()` as
-/// the active profile asks for, and `unload()` once before the plug-in goes. Everything happens on the
-/// user-interface thread. An override calls the function of this class, which keeps the state.
+/// The host calls `load()` once after the plug-in has registered the extension, `activate()` and
+/// `deactivate()` as the active profile asks for, and `unload()` once before the plug-in goes. Everything
+/// happens on the user-interface thread. An override calls the function of this class, which keeps the state.
 class KLV_EXTENDER_EXPORT KlvExtension : public QObject
 {
     Q_OBJECT
@@ -47,7 +47,8 @@ public:
     /// True between `show()` and `hide()`.
     bool isVisible() const { return m_visible; }
 
-    /// The active profile's setting of this extension; null when no profile is active or the extension is not in it.
+    /// The active profile's setting of this extension; null when no profile is active or the extension is not
+    /// in it.
     KlvProfileSetting* getProfileSetting() const;
 
 protected:

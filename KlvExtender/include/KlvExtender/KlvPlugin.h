@@ -10,9 +10,9 @@ class KlvExtension;
 
 /// What a plug-in module hands to the host: a name and a list of extensions.
 ///
-/// A module exports two functions with C linkage: `KlvPlugin* loadPlugin()`, which makes the plug-in object, and
-/// `void unloadPlugin()`, which deletes it. The object derives from this class, registers its extensions in
-/// `load()` and then calls `KlvPlugin::load()`.
+/// A module exports two functions with C linkage: `KlvPlugin* loadPlugin()`, which makes the plug-in object,
+/// and `void unloadPlugin()`, which deletes it. The object derives from this class, registers its extensions
+/// in `load()` and then calls `KlvPlugin::load()`.
 class KLV_EXTENDER_EXPORT KlvPlugin
 {
 public:

@@ -25,13 +25,13 @@ public:
 
     ~KlvPluginsManager() override;
 
-    /// Loads a module and its extensions. On failure gives null and, if asked for, one sentence in `error`; nothing
-    /// of the module then stays behind. A module that is loaded already is refused. Its extensions are active once
-    /// a profile that has settings for them is made active.
+    /// Loads a module and its extensions. On failure gives null and, if asked for, one sentence in `error`;
+    /// nothing of the module then stays behind. A module that is loaded already is refused. Its extensions
+    /// are active once a profile that has settings for them is made active.
     KlvPlugin* loadPlugin(const QString& file, QString* error = nullptr);
-    /// Clears the selection and the history (both may hold code and objects of the plug-in), deactivates and unloads
-    /// its extensions, takes them out of all profiles and unloads the module. Null and a plug-in that this manager
-    /// did not load are ignored.
+    /// Clears the selection and the history (both may hold code and objects of the plug-in), deactivates and
+    /// unloads its extensions, takes them out of all profiles and unloads the module. Null and a plug-in that
+    /// this manager did not load are ignored.
     void unloadPlugin(KlvPlugin* plugin);
 
     /// The loaded plug-ins in the order of loading.
@@ -45,9 +45,9 @@ public:
     const QList<KlvProfile*>& getProfilesList() const;
     /// The active profile, or null.
     KlvProfile* getActiveProfile() const;
-    /// Deactivates what `profile` leaves out, activates what it adds, touches nothing else, and then announces the
-    /// selection again, so that the docks choose anew. Called with the active profile it puts changed settings into
-    /// effect. Null deactivates everything. A profile that was not added is ignored.
+    /// Deactivates what `profile` leaves out, activates what it adds, touches nothing else, and then
+    /// announces the selection again, so that the docks choose anew. Called with the active profile it puts
+    /// changed settings into effect. Null deactivates everything. A profile that was not added is ignored.
     void setActiveProfile(KlvProfile* profile);
     /// Adds a profile and takes ownership. Null and one that was added already are ignored.
     void addProfile(KlvProfile* profile);

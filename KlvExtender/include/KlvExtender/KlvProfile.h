@@ -22,8 +22,9 @@ public:
 
     const SbString& getName() const { return m_name; }
 
-    /// Makes the extension part of the profile and gives its setting, which the profile owns; the setting that
-    /// exists when it is part of it already. Takes effect when the profile is next made active. Null gives null.
+    /// Makes the extension part of the profile and gives its setting, which the profile owns; the setting
+    /// that exists when it is part of it already. Takes effect when the profile is next made active. Null
+    /// gives null.
     KlvProfileSetting* addSetting(KlvExtension* extension);
     /// The extension's setting, or null when the profile leaves it out.
     KlvProfileSetting* getSetting(const KlvExtension* extension) const;

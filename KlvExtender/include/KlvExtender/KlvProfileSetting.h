@@ -6,8 +6,8 @@
 
 class KlvExtension;
 
-/// What one profile says of one extension: that it is active, and which extensions it controls (a dock, its editors).
-/// Owned by its profile; it owns no extension.
+/// What one profile says of one extension: that it is active, and which extensions it controls (a dock, its
+/// editors). Owned by its profile; it owns no extension.
 class KLV_EXTENDER_EXPORT KlvProfileSetting
 {
 public:
@@ -21,8 +21,8 @@ public:
     /// Takes control of one away; one that is not controlled is ignored.
     void removeControlledExtension(const KlvExtension* extension);
 
-    /// The controlled extensions, each once, in the order in which the plug-ins manager registered them; those it
-    /// does not know come last, in the order of their addition.
+    /// The controlled extensions, each once, in the order in which the plug-ins manager registered them;
+    /// those it does not know come last, in the order of their addition.
     const QList<KlvExtension*>& getControlledExtensions() const { return m_controlled; }
 
 private:

@@ -1,0 +1,98 @@
+#include "History.h"
+
+#include "Guarded.h"
+#include "HistoryStep.h"
+#include "SelectedFieldCopy.h"
+
+#include <KlvExtender/KlvCommand.h>
+
+#include <Inventor/fields/SoField.h>
+#include <Inventor/fields/SoFieldContainer.h>
+
+#include <QCoreApplication>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+History::History()
+{
+    if (auto* application = QCoreApplication::instance())
+        application->installEventFilter(this);
+    // Any walk through the history ends the burst of edits before it.
+    connect(&m_stack, &QUndoStack::indexChanged, this, [this] {
+        if (!m_pushing)
+            ++m_epoch;
+    });
+}
+
+void History::push(std::unique_ptr<KlvCommand> command, SelectedFieldCopy& selected,
+                   SoFieldContainer* container)
+{
+    SoField* field = command->getField();
+    const bool declared = field != nullptr;
+    if (!declared)
+        field = selected.field();
+
+    const bool isSelected = field && field == selected.field();
+    const FieldSnapshot::Ptr before = isSelected ? selected.get() : nullptr;
+    if (!guarded([&] { command->execute(); }))
+        return;
+
+    FieldSnapshot::Ptr after;
+    const bool unchanged = field && before && before->matches(*field);
+    if (unchanged && declared)
+        return;
+    if (!declared && (unchanged || !before)) {
+        // It changed something, but not the selected field as far as can be told.
+        field = nullptr;
+    } else if (field) {
+        after = FieldSnapshot::take(*field, m_budget);
+        if (isSelected)
+            selected.set(after);
+    }
+
+    HistoryStep::Record record;
+    record.joins = field && command->getKind() == KlvCommand::Kind::ValueEdit;
+    record.command = std::move(command);
+    record.field = field;
+    record.container = field ? field->getContainer() : container;
+    record.before = before;
+    record.after = after;
+    record.gesture = m_gesture;
+    record.epoch = m_epoch;
+    const QScopedValueRollback<bool> pushing(m_pushing, true);
+    m_stack.push(new HistoryStep(std::move(record)));
+    keepWithinBudget();
+}
+
+void History::setCopyBudget(qint64 bytes)
+{
+    m_budget = qMax<qint64>(bytes, 0);
+    keepWithinBudget();
+}
+
+bool History::eventFilter(QObject* watched, QEvent* event)
+{
+    // One press arrives several times: at the window, at the widget, at the parents it propagates to.
+    if (event->type() == QEvent::MouseButtonPress && (m_gesture == 0 || m_released)) {
+        m_gesture = ++m_lastGesture;
+        m_released = false;
+    } else if (event->type() == QEvent::MouseButtonRelease && m_gesture != 0 &&
+               static_cast<QMouseEvent*>(event)->buttons() == Qt::NoButton) {
+        // The release itself still belongs to the gesture: it is delivered after this filter.
+        m_released = true;
+        QMetaObject::invokeMethod(
+            this,
+            [this] {
+                if (m_released)
+                    m_gesture = 0;
+            },
+            Qt::QueuedConnection);
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void History::keepWithinBudget()
+{
+    for (int i = 0; i < m_stack.count() && FieldSnapshot::totalBytes() > m_budget; ++i)
+        const_cast<HistoryStep*>(static_cast<const HistoryStep*>(m_stack.command(i)))->dropCopies();
+}

@@ -1,0 +1,113 @@
+#include "HistoryStep.h"
+
+#include "Guarded.h"
+
+#include <KlvExtender/KlvCommand.h>
+
+#include <Inventor/SbName.h>
+#include <Inventor/fields/SoField.h>
+#include <Inventor/fields/SoFieldContainer.h>
+
+#include <QCoreApplication>
+
+#include <limits>
+
+namespace {
+
+constexpr std::chrono::seconds joinWindow{1};
+
+QString nameOf(SoField* field, SoFieldContainer* container)
+{
+    SbName fieldName;
+    if (container && field && container->getFieldName(field, fieldName))
+        return QStringLiteral("%1.%2").arg(QString::fromUtf8(container->getTypeId().getName().getString()),
+                                           QString::fromUtf8(fieldName.getString()));
+    const SoType type = field ? field->getTypeId() : container ? container->getTypeId() : SoType::badType();
+    return type.isBad() ? QString() : QString::fromUtf8(type.getName().getString());
+}
+
+} // namespace
+
+HistoryStep::HistoryStep(Record record)
+    : m_container(record.container)
+    , m_field(record.field)
+    , m_first(std::move(record.command))
+    , m_before(std::move(record.before))
+    , m_after(std::move(record.after))
+    , m_joins(record.joins)
+    , m_gesture(record.gesture)
+    , m_epoch(record.epoch)
+    , m_time(Clock::now())
+{
+    setText(describe(*m_first));
+}
+
+HistoryStep::~HistoryStep() = default;
+
+void HistoryStep::undo()
+{
+    replay(Direction::Undo);
+}
+
+void HistoryStep::redo()
+{
+    if (m_done) {
+        m_done = false;
+        return;
+    }
+    replay(Direction::Redo);
+}
+
+int HistoryStep::id() const
+{
+    return m_joins ? 1 : -1;
+}
+
+bool HistoryStep::mergeWith(const QUndoCommand* other)
+{
+    // Only steps of the history have an id, so this is one. The undo stack deletes it after a merge.
+    auto* next = const_cast<HistoryStep*>(static_cast<const HistoryStep*>(other));
+    const bool sameGesture = m_gesture != 0 && next->m_gesture == m_gesture;
+    if (next->m_field != m_field || next->m_epoch != m_epoch ||
+        (!sameGesture && next->m_time - m_time > joinWindow))
+        return false;
+    m_last = std::move(next->m_first);
+    m_after = std::move(next->m_after);
+    m_gesture = next->m_gesture;
+    m_time = next->m_time;
+    // Back where it began: a step that changes nothing is none.
+    setObsolete(m_before && m_field && m_before->matches(*m_field));
+    return true;
+}
+
+void HistoryStep::dropCopies()
+{
+    m_before.reset();
+    m_after.reset();
+}
+
+void HistoryStep::replay(Direction direction)
+{
+    const bool undoing = direction == Direction::Undo;
+    const FieldSnapshot::Ptr& source = undoing ? m_after : m_before;
+    const FieldSnapshot::Ptr& target = undoing ? m_before : m_after;
+    KlvCommand& command = undoing || !m_last ? *m_first : *m_last;
+
+    const bool asLeft = m_field && source && source->matches(*m_field);
+    const FieldSnapshot::Ptr current = m_field && target && !asLeft
+                                           ? FieldSnapshot::take(*m_field, std::numeric_limits<qint64>::max())
+                                           : nullptr;
+    guarded([&] { undoing ? command.undo() : command.redo(); });
+    if (target && (asLeft || (current && current->matches(*m_field))))
+        target->restore(*m_field);
+}
+
+QString HistoryStep::describe(const KlvCommand& command) const
+{
+    const QString name = nameOf(m_field, m_container.get());
+    if (!command.getText().isEmpty())
+        return command.getText().contains(QLatin1String("%1")) ? command.getText().arg(name)
+                                                               : command.getText();
+    return name.isEmpty() ? QCoreApplication::translate("KlvServices", "Edit")
+                          : QCoreApplication::translate("KlvServices", "Edit %1").arg(name);
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "FieldSnapshot.h"
+
+#include <QTimer>
+
+#include <functional>
+
+class SoField;
+class SoFieldSensor;
+class SoSensor;
+
+/// The copy of the selected field that becomes "before" of the next command. Changes from elsewhere only mark
+/// it stale; it is taken anew when the event loop is idle, and the longer a copy takes, the longer the next
+/// one waits.
+class SelectedFieldCopy
+{
+public:
+    SelectedFieldCopy();
+    ~SelectedFieldCopy();
+
+    /// Follows another field, or none (null). `whenDying` is called when the field is destroyed while
+    /// followed.
+    void follow(SoField* field, std::function<void()> whenDying);
+    SoField* field() const { return m_field; }
+
+    /// The copy; null when there is none. May be older than the field's value by what changed since the last
+    /// idle time.
+    const FieldSnapshot::Ptr& get() const { return m_copy; }
+    /// Puts a copy in place that the caller has just taken.
+    void set(FieldSnapshot::Ptr copy) { m_copy = std::move(copy); }
+
+    /// Bytes that one copy may take.
+    void setLimit(qint64 bytes) { m_limit = bytes; }
+
+private:
+    static void fieldChanged(void* self, SoSensor* sensor);
+    static void fieldDying(void* self, SoSensor* sensor);
+    void renew();
+
+    SoField* m_field = nullptr;
+    std::function<void()> m_whenDying;
+    FieldSnapshot::Ptr m_copy;
+    qint64 m_limit = 0;
+    std::unique_ptr<SoFieldSensor> m_sensor;
+    QTimer m_idle;
+};
