@@ -13,27 +13,30 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
-History::History()
+History::History(SelectedFieldCopy& selected)
+    : m_selected(selected)
 {
     if (auto* application = QCoreApplication::instance())
         application->installEventFilter(this);
-    // Any walk through the history ends the burst of edits before it.
+    // Any walk through the history ends the burst of edits before it, and the next edit starts from where it
+    // led.
     connect(&m_stack, &QUndoStack::indexChanged, this, [this] {
-        if (!m_pushing)
+        if (!m_pushing) {
             ++m_epoch;
+            m_selected.renewIfStale();
+        }
     });
 }
 
-void History::push(std::unique_ptr<KlvCommand> command, SelectedFieldCopy& selected,
-                   SoFieldContainer* container)
+void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* container)
 {
     SoField* field = command->getField();
     const bool declared = field != nullptr;
     if (!declared)
-        field = selected.field();
+        field = m_selected.field();
 
-    const bool isSelected = field && field == selected.field();
-    const FieldSnapshot::Ptr before = isSelected ? selected.get() : nullptr;
+    const bool isSelected = field && field == m_selected.field();
+    const FieldSnapshot::Ptr before = isSelected ? m_selected.get() : nullptr;
     if (!guarded([&] { command->execute(); }))
         return;
 
@@ -47,7 +50,7 @@ void History::push(std::unique_ptr<KlvCommand> command, SelectedFieldCopy& selec
     } else if (field) {
         after = FieldSnapshot::take(*field, m_budget);
         if (isSelected)
-            selected.set(after);
+            m_selected.set(after);
     }
 
     HistoryStep::Record record;

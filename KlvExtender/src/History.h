@@ -18,13 +18,13 @@ class History : public QObject
     Q_OBJECT
 
 public:
-    History();
+    /// Works with the copy of the selected field, which must outlive it.
+    explicit History(SelectedFieldCopy& selected);
 
     QUndoStack* stack() { return &m_stack; }
 
-    /// Executes and records a command made while `selected` followed the selected field and `container` was
-    /// selected.
-    void push(std::unique_ptr<KlvCommand> command, SelectedFieldCopy& selected, SoFieldContainer* container);
+    /// Executes and records a command made while `container` was selected.
+    void push(std::unique_ptr<KlvCommand> command, SoFieldContainer* container);
 
     void setCopyBudget(qint64 bytes);
     qint64 copyBudget() const { return m_budget; }
@@ -36,6 +36,7 @@ protected:
 private:
     void keepWithinBudget();
 
+    SelectedFieldCopy& m_selected;
     QUndoStack m_stack;
     qint64 m_budget = qint64(256) << 20;
     int m_gesture = 0;       ///< 0 while no button is held

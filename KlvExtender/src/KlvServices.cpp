@@ -35,7 +35,7 @@ public:
     // The history goes first and the reference to the selected container last.
     ContainerRef node;
     SelectedFieldCopy selected;
-    History history;
+    History history{selected};
     int generation =
         0; ///< counts selections: a slot that selects something else ends the announcement under way
     bool heldElsewhere =
@@ -57,9 +57,9 @@ void KlvServices::Private::select(SoFieldContainer* newNode, SoField* newField)
             if (own != generation)
                 return;
         }
-        heldElsewhere = false;
         // Whoever shows the old container still finds it alive while it is told of the new one.
         const ContainerRef keepOld(std::exchange(node, ContainerRef(newNode)));
+        heldElsewhere = newNode && ContainerRef::isHeldElsewhere(newNode);
         Q_EMIT q->selectedNodeChanged(newNode);
         if (own != generation)
             return;
@@ -112,6 +112,8 @@ KlvServices* KlvServices::getInstance()
 KlvServices::KlvServices()
     : d(std::make_unique<Private>(this))
 {
+    qRegisterMetaType<SoField*>();
+    qRegisterMetaType<SoFieldContainer*>();
     // Nobody tells when a reference is given up, so it is looked at once for every turn of the event loop.
     if (auto* dispatcher = QAbstractEventDispatcher::instance())
         connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { d->dropIfOrphaned(); });
@@ -153,7 +155,7 @@ void KlvServices::announceSelection()
 void KlvServices::pushCommand(KlvCommand* command)
 {
     if (command)
-        d->history.push(std::unique_ptr<KlvCommand>(command), d->selected, d->node.get());
+        d->history.push(std::unique_ptr<KlvCommand>(command), d->node.get());
 }
 
 QUndoStack* KlvServices::getUndoStack() const

@@ -51,6 +51,14 @@ void SelectedFieldCopy::fieldDying(void* self, SoSensor*)
         whenDying();
 }
 
+void SelectedFieldCopy::renewIfStale()
+{
+    if (m_idle.isActive()) {
+        m_idle.stop();
+        renew();
+    }
+}
+
 void SelectedFieldCopy::renew()
 {
     QElapsedTimer cost;

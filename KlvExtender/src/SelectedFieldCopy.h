@@ -30,6 +30,9 @@ public:
     /// Puts a copy in place that the caller has just taken.
     void set(FieldSnapshot::Ptr copy) { m_copy = std::move(copy); }
 
+    /// Takes the copy anew at once if the field has changed since the last one.
+    void renewIfStale();
+
     /// Bytes that one copy may take.
     void setLimit(qint64 bytes) { m_limit = bytes; }
 

@@ -2,6 +2,7 @@
 
 #include <KlvExtender/KlvExtenderExport.h>
 
+#include <QMetaType>
 #include <QObject>
 
 #include <memory>
@@ -10,6 +11,10 @@ class KlvCommand;
 class QUndoStack;
 class SoField;
 class SoFieldContainer;
+
+// Signals carry these pointers to receivers that do not know the classes (queued calls, spies).
+Q_DECLARE_OPAQUE_POINTER(SoField*)
+Q_DECLARE_OPAQUE_POINTER(SoFieldContainer*)
 
 /// The selection and the history, shared by the host and all extensions.
 ///

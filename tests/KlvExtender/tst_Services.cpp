@@ -1,0 +1,365 @@
+#include "TestMain.h"
+
+#include <KlvExtender/KlvCommand.h>
+#include <KlvExtender/KlvServices.h>
+
+#include <Inventor/errors/SoDebugError.h>
+#include <Inventor/fields/SoSFDouble.h>
+#include <Inventor/nodes/SoCoordinate3.h>
+#include <Inventor/nodes/SoCube.h>
+#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoTransform.h>
+
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QUndoStack>
+
+#include <cmath>
+
+namespace {
+
+/// What a command's own undo can do: nothing (as those that only hold the new text), or something of its own.
+struct Deeds
+{
+    std::function<void()> execute = [] {};
+    std::function<void()> undo = [] {};
+    std::function<void()> redo = [] {};
+};
+
+class TestCommand : public KlvCommand
+{
+public:
+    TestCommand(SoField* field, Deeds deeds = {}, Kind kind = Kind::ValueEdit, const QString& text = {})
+        : KlvCommand(field, kind, text)
+        , m_deeds(std::move(deeds))
+    {
+        ++alive;
+    }
+    explicit TestCommand(Deeds deeds)
+        : m_deeds(std::move(deeds))
+    {
+        ++alive;
+    }
+    ~TestCommand() override { --alive; }
+    void execute() override { m_deeds.execute(); }
+    void undo() override { m_deeds.undo(); }
+    void redo() override { m_deeds.redo(); }
+
+    static inline int alive = 0;
+
+private:
+    Deeds m_deeds;
+};
+
+} // namespace
+
+class tst_Services : public QObject
+{
+    Q_OBJECT
+
+    KlvServices* m_services = nullptr;
+    QUndoStack* m_stack = nullptr;
+    SoSeparator* m_root = nullptr;
+    SoMaterial* m_material = nullptr;
+    SoCoordinate3* m_points = nullptr;
+
+    void edit(float value)
+    {
+        m_material->transparency.set1Value(0, value);
+        m_services->pushCommand(new TestCommand(&m_material->transparency));
+    }
+    void waitUntilNothingJoins() { QTest::qWait(1100); }
+
+private Q_SLOTS:
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".*"));
+        m_services = KlvServices::getInstance();
+        m_stack = m_services->getUndoStack();
+        m_root = new SoSeparator;
+        m_root->ref();
+        m_root->addChild(m_material = new SoMaterial);
+        m_root->addChild(m_points = new SoCoordinate3);
+    }
+
+    void cleanup()
+    {
+        m_services->setSelectedNode(nullptr);
+        m_services->setSelectedField(nullptr);
+        m_stack->clear();
+        m_services->setCopyBudget(qint64(256) << 20);
+        m_root->unref();
+        QCOMPARE(TestCommand::alive, 0);
+        QCOMPARE(m_services->getCopyBytes(), 0);
+    }
+
+    void selectingAFieldSelectsItsContainer()
+    {
+        QStringList log;
+        QObject context;
+        connect(m_services, &KlvServices::selectedNodeChanged, &context, [&](SoFieldContainer* node) {
+            log << (node ? node->getTypeId().getName().getString() : "no node");
+        });
+        connect(m_services, &KlvServices::selectedFieldChanged, &context, [&](SoField* field) {
+            log << (field ? field->getTypeId().getName().getString() : "no field");
+        });
+        m_services->setSelectedField(&m_material->transparency);
+        m_services->setSelectedField(&m_material->transparency);
+        m_services->setSelectedField(&m_material->diffuseColor);
+        m_services->setSelectedNode(m_material);
+        m_services->setSelectedNode(m_points);
+        m_services->announceSelection();
+        QCOMPARE(log, QStringList({"Material", "MFFloat", "MFColor", "no field", "Coordinate3", "Coordinate3",
+                                   "no field"}));
+    }
+
+    void aSlotMaySelectSomethingElse()
+    {
+        QObject context;
+        connect(m_services, &KlvServices::selectedNodeChanged, &context, [&](SoFieldContainer* node) {
+            if (node == m_material)
+                m_services->setSelectedNode(m_points);
+        });
+        m_services->setSelectedField(&m_material->transparency);
+        QCOMPARE(m_services->getSelectedNode(), m_points);
+        QCOMPARE(m_services->getSelectedField(), nullptr);
+    }
+
+    void aDeletedNodeIsDeselected_data()
+    {
+        QTest::addColumn<bool>("edited");
+        QTest::newRow("just selected") << false;
+        QTest::newRow("and still in the history") << true;
+    }
+
+    void aDeletedNodeIsDeselected()
+    {
+        QFETCH(bool, edited);
+        m_services->setSelectedField(&m_material->transparency);
+        if (edited)
+            edit(0.5f);
+        QSignalSpy spy(m_services, &KlvServices::selectedFieldChanged);
+        m_root->removeChild(m_material);
+        QCOMPARE(m_services->getSelectedField(), &m_material->transparency);
+        QTRY_COMPARE(m_services->getSelectedNode(), nullptr);
+        QCOMPARE(m_services->getSelectedField(), nullptr);
+        QCOMPARE(spy.count(), 1);
+        m_stack->undo(); // The history's reference keeps the node for its steps.
+    }
+
+    void aNodeWithoutOtherOwnersStaysSelected()
+    {
+        auto* node = new SoCube;
+        m_services->setSelectedNode(node);
+        QTest::qWait(20);
+        QCOMPARE(m_services->getSelectedNode(), node);
+    }
+
+    void aDyingFieldWithoutContainerIsDeselected()
+    {
+        auto field = std::make_unique<SoSFDouble>();
+        m_services->setSelectedField(field.get());
+        field.reset();
+        QCOMPARE(m_services->getSelectedField(), nullptr);
+    }
+
+    void undoIsExactWhateverTheCommandCanDo_data()
+    {
+        QTest::addColumn<double>("before");
+        QTest::addColumn<double>("after");
+        QTest::newRow("more digits than text has") << 0.1 + 0.2 << 1.0 / 3;
+        QTest::newRow("nan") << std::nan("1") << -0.0;
+        QTest::newRow("sign of zero") << 0.0 << -0.0;
+        QTest::newRow("infinite") << double(-INFINITY) << 5e-324;
+    }
+
+    void undoIsExactWhateverTheCommandCanDo()
+    {
+        QFETCH(double, before);
+        QFETCH(double, after);
+        const auto bits = [](double value) { return std::bit_cast<quint64>(value); };
+        SoSFDouble field;
+        field.setValue(before);
+        field.setDefault(TRUE);
+        m_services->setSelectedField(&field);
+        field.setValue(after);
+        m_services->pushCommand(new TestCommand(&field));
+        for (int round = 0; round < 3; ++round) {
+            m_stack->undo();
+            QCOMPARE(bits(field.getValue()), bits(before));
+            QVERIFY(field.isDefault());
+            m_stack->redo();
+            QCOMPARE(bits(field.getValue()), bits(after));
+            QVERIFY(!field.isDefault());
+        }
+        m_stack->clear();
+        m_services->setSelectedField(nullptr);
+    }
+
+    void aChangeFromElsewhereIsNotUndone()
+    {
+        m_services->setSelectedField(&m_material->shininess);
+        SoMFFloat& field = m_material->shininess;
+        field.setValue(0.5f);
+        m_services->pushCommand(
+            new TestCommand(&field, {[] {}, [&field] { field.setValue(0.125f); }, [] {}}));
+        field.setValue(0.75f);
+        m_stack->undo();
+        QCOMPARE(field[0], 0.125f); // The command's own result stands.
+        field.setValue(0.875f);
+        m_stack->redo();
+        QCOMPARE(field[0], 0.5f); // Its redo changes nothing, so the copy steps in.
+    }
+
+    void changesFromElsewhereBelongToNoStep()
+    {
+        m_services->setSelectedField(&m_material->transparency);
+        m_material->transparency.setValue(0.25f);
+        QTest::qWait(20);
+        edit(0.5f);
+        m_stack->undo();
+        QCOMPARE(m_material->transparency[0], 0.25f);
+    }
+
+    void commandsThatChangeNothingLeaveNoStep()
+    {
+        m_services->setSelectedField(&m_material->transparency);
+        edit(0.5f);
+        m_services->pushCommand(new TestCommand(&m_material->transparency));
+        QCOMPARE(m_stack->count(), 1);
+        m_stack->undo();
+        m_services->pushCommand(new TestCommand(&m_material->transparency));
+        QVERIFY(m_stack->canRedo()); // Nor does it cost what could be redone.
+        m_services->pushCommand(nullptr);
+    }
+
+    void editsInQuickSuccessionAreOneStep()
+    {
+        m_services->setSelectedField(&m_material->transparency);
+        edit(0.25f);
+        edit(0.5f);
+        QCOMPARE(m_stack->count(), 1);
+        QCOMPARE(m_stack->text(0), QString("Edit Material.transparency"));
+        waitUntilNothingJoins();
+        edit(0.75f);
+        QCOMPARE(m_stack->count(), 2);
+        m_stack->undo();
+        edit(1.0f); // An undo in between ends the burst.
+        QCOMPARE(m_stack->count(), 2);
+        m_stack->undo();
+        QCOMPARE(m_material->transparency[0], 0.5f);
+        m_stack->undo();
+        QCOMPARE(m_material->transparency[0], 0.0f);
+        QVERIFY(m_material->transparency.isDefault());
+    }
+
+    void onlyValueEditsOfOneFieldJoin()
+    {
+        m_services->setSelectedField(&m_material->transparency);
+        edit(0.5f);
+        m_services->setSelectedField(&m_material->shininess);
+        m_material->shininess.setValue(0.5f);
+        m_services->pushCommand(new TestCommand(&m_material->shininess));
+        m_material->shininess.setIgnored(TRUE);
+        m_services->pushCommand(
+            new TestCommand(&m_material->shininess, {}, KlvCommand::Kind::Action, "Ignore %1"));
+        QCOMPARE(m_stack->count(), 3);
+        QCOMPARE(m_stack->text(2), QString("Ignore Material.shininess"));
+        m_stack->undo();
+        QVERIFY(!m_material->shininess.isIgnored());
+    }
+
+    void aBurstThatComesBackLeavesNoStep()
+    {
+        m_material->transparency.setValue(0.5f);
+        m_services->setSelectedField(&m_material->transparency);
+        edit(0.75f);
+        edit(0.5f);
+        QCOMPARE(m_stack->count(), 0);
+    }
+
+    void editsOfOneMouseGestureAreOneStep()
+    {
+        QPushButton slider;
+        slider.show();
+        m_services->setSelectedField(&m_material->transparency);
+        connect(&slider, &QPushButton::released, &slider, [this] { edit(0.75f); });
+        QTest::mousePress(&slider, Qt::LeftButton);
+        edit(0.25f);
+        waitUntilNothingJoins();
+        edit(0.5f);
+        waitUntilNothingJoins();
+        QTest::mouseRelease(&slider, Qt::LeftButton);
+        QCOMPARE(m_stack->count(), 1);
+        waitUntilNothingJoins();
+        edit(1.0f);
+        QCOMPARE(m_stack->count(), 2);
+    }
+
+    void aCommandThatDoesNotSayWhatItChanges()
+    {
+        auto* transform = new SoTransform;
+        m_root->addChild(transform);
+        m_services->setSelectedNode(transform);
+        const auto move = [transform](float x) { transform->translation.setValue(x, 0, 0); };
+        move(1);
+        m_services->pushCommand(new TestCommand({[] {}, [&] { move(0); }, [&] { move(1); }}));
+        QCOMPARE(m_stack->text(0), QString("Edit Transform"));
+        m_services->setSelectedField(&transform->scaleFactor);
+        move(2); // Not the selected field: the step is kept all the same.
+        m_services->pushCommand(new TestCommand(Deeds{}));
+        transform->scaleFactor.setValue(2, 2, 2);
+        m_services->pushCommand(new TestCommand(Deeds{}));
+        QCOMPARE(m_stack->count(), 3);
+        m_stack->undo();
+        QCOMPARE(transform->scaleFactor.getValue(), SbVec3f(1, 1, 1));
+        m_stack->setIndex(0);
+        QCOMPARE(transform->translation.getValue(), SbVec3f(0, 0, 0));
+    }
+
+    void copiesKeepToTheirBudget()
+    {
+        constexpr int elements = 10000;
+        constexpr qint64 bytes = elements * qint64(sizeof(SbVec3f));
+        m_points->point.setNum(elements);
+        m_services->setSelectedField(&m_points->point);
+        m_services->setCopyBudget(5 * bytes);
+        for (int step = 0; step < 10; ++step) {
+            m_points->point.set1Value(0, float(step + 1), 0, 0);
+            m_services->pushCommand(new TestCommand(&m_points->point, {}, KlvCommand::Kind::Action));
+            QVERIFY(m_services->getCopyBytes() <= 5 * bytes);
+        }
+        QCOMPARE(m_stack->count(), 10);
+        m_stack->setIndex(7);
+        QCOMPARE(m_points->point[0][0], 7.0f);
+        m_stack->setIndex(
+            0); // Beyond the budget only the commands' own undo is left; this one's does nothing.
+        QCOMPARE(m_points->point[0][0], 7.0f);
+        m_stack->clear();
+        m_services->setCopyBudget(bytes / 2); // A field larger than that is not copied at all.
+        m_points->point.set1Value(0, 50, 0, 0);
+        m_services->pushCommand(new TestCommand(&m_points->point));
+        QCOMPARE(m_stack->count(), 1);
+    }
+
+    void whatACommandThrowsGoesNoFurther()
+    {
+        QString posted;
+        SoDebugError::setHandlerCallback(
+            [](const SoError* error, void* text) {
+                *static_cast<QString*>(text) = error->getDebugString().getString();
+            },
+            &posted);
+        m_services->setSelectedField(&m_material->transparency);
+        m_services->pushCommand(
+            new TestCommand(&m_material->transparency, {[] { throw std::runtime_error("broken"); }}));
+        QCOMPARE(m_stack->count(), 0);
+        QVERIFY(posted.contains("broken"));
+        SoDebugError::setHandlerCallback(nullptr, nullptr);
+    }
+};
+
+KLV_TEST_MAIN(tst_Services)
+#include "tst_Services.moc"
