@@ -1,0 +1,21 @@
+#include "Models/ObjectLabel.h"
+
+#include <Inventor/SbName.h>
+#include <Inventor/misc/SoBase.h>
+
+#include <QCoreApplication>
+
+QString objectLabel(const SoBase* object)
+{
+    if (!object)
+        return QCoreApplication::translate("ObjectLabel", "none");
+    const QString type = QString::fromUtf8(object->getTypeId().getName().getString());
+    const QString name = QString::fromUtf8(object->getName().getString());
+    return name.isEmpty() ? type : QStringLiteral("%1 \"%2\"").arg(type, name);
+}
+
+QString objectKey(const SoBase* object)
+{
+    const SbName name = object->getName();
+    return QString::fromUtf8((name.getLength() > 0 ? name : object->getTypeId().getName()).getString());
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+class SoBase;
+
+/// How people are told of a node, an engine or another object of the scene graph: `Material "Gold"`, `Cube`,
+/// or "none" for null.
+QString objectLabel(const SoBase* object);
+
+/// The object's name if it has one, else its type: the part before the dot in `Gold.diffuseColor`.
+QString objectKey(const SoBase* object);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QList>
+
+#include <functional>
+#include <optional>
+
+class SoNode;
+
+/// Depth-first search below a node for an occurrence, with a bound on the work.
+class SceneSearch
+{
+public:
+    /// How often a node that occurs in several places is looked at.
+    enum class Visits
+    {
+        EachOccurrence,
+        EachNode ///< what is below a shared node is looked at once only, so the search is linear
+    };
+
+    SceneSearch(Visits visits, qsizetype limit)
+        : m_visits(visits)
+        , m_limit(limit)
+    {
+    }
+
+    /// The child indices that lead from `root` to the first occurrence for which `wanted` gives true; empty
+    /// for the root itself, no value when there is none among the first `limit` visits. Cycles are not
+    /// followed.
+    std::optional<QList<int>> find(SoNode* root, const std::function<bool(SoNode*)>& wanted);
+
+    /// True when the last search ended at its limit.
+    bool isExhausted() const { return m_exhausted; }
+
+private:
+    Visits m_visits;
+    qsizetype m_limit;
+    bool m_exhausted = false;
+};

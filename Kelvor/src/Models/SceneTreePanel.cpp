@@ -1,0 +1,134 @@
+#include "Models/SceneTreePanel.h"
+
+#include "Models/SceneTreeModel.h"
+#include "Models/SceneTreeView.h"
+
+#include <KlvExtender/KlvServices.h>
+
+#include <Inventor/nodes/SoNode.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QVBoxLayout>
+
+SceneTreePanel::SceneTreePanel(QWidget* parent)
+    : QWidget(parent)
+    , m_model(new SceneTreeModel(this))
+{
+    // Before the view's selection model hears of it: that would make a neighbour the current row.
+    connect(m_model, &SceneTreeModel::rowsAboutToBeRemoved, this, &SceneTreePanel::rowsAboutToBeRemoved);
+    connect(m_model, &SceneTreeModel::synchronized, this, &SceneTreePanel::findLostRow);
+
+    m_view = new SceneTreeView(m_model, this);
+    m_view->setAccessibleName(tr("Scene tree"));
+    m_view->header()->resizeSection(SceneTreeModel::TypeColumn, 220);
+    connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            &SceneTreePanel::currentRowChanged);
+    connect(KlvServices::getInstance(), &KlvServices::selectedNodeChanged, this, &SceneTreePanel::follow);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
+    setFocusProxy(m_view);
+    addActions();
+}
+
+void SceneTreePanel::addActions()
+{
+    const auto add = [this](const QString& text, const QKeySequence& keys, auto triggered) {
+        auto* action = new QAction(text, m_view);
+        action->setShortcut(keys);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        connect(action, &QAction::triggered, this, triggered);
+        m_view->addAction(action);
+    };
+    add(tr("Expand All Below"), Qt::Key_Asterisk, [this] { m_view->expandBelow(m_view->currentIndex()); });
+    add(tr("Collapse All"), Qt::CTRL | Qt::Key_Minus, [this] {
+        m_view->collapseAll();
+        m_view->expand(m_model->index(0, 0));
+        m_view->scrollTo(m_view->currentIndex());
+    });
+    add(tr("Copy Name"), QKeySequence::Copy, [this] { copy(SceneTreeModel::NameColumn); });
+    add(tr("Copy Type"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { copy(SceneTreeModel::TypeColumn); });
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+void SceneTreePanel::setRoot(SoNode* root)
+{
+    if (root == m_model->root())
+        return;
+    m_rowLost = m_view->currentIndex().isValid();
+    m_model->setRoot(root);
+    m_view->expand(m_model->index(0, 0));
+    if (m_rowLost)
+        findLostRow();
+    else
+        follow(KlvServices::getInstance()->getSelectedNode());
+}
+
+void SceneTreePanel::select(const QList<int>& childPath)
+{
+    const QModelIndex index = m_model->indexOf(childPath);
+    if (!index.isValid())
+        return;
+    m_view->setCurrentIndex(index);
+    m_view->scrollTo(index);
+}
+
+void SceneTreePanel::currentRowChanged(const QModelIndex& current)
+{
+    if (!m_following)
+        KlvServices::getInstance()->setSelectedNode(m_model->node(current));
+}
+
+void SceneTreePanel::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
+{
+    QModelIndex ancestor = m_view->currentIndex();
+    while (ancestor.isValid() && ancestor.parent() != parent)
+        ancestor = ancestor.parent();
+    if (!ancestor.isValid() || ancestor.row() < first || ancestor.row() > last)
+        return;
+    makeCurrent(QModelIndex());
+    m_rowLost = true;
+}
+
+void SceneTreePanel::findLostRow()
+{
+    if (!std::exchange(m_rowLost, false))
+        return;
+    SoFieldContainer* selected = KlvServices::getInstance()->getSelectedNode();
+    follow(selected);
+    if (selected && !m_view->currentIndex().isValid())
+        KlvServices::getInstance()->setSelectedNode(nullptr);
+}
+
+void SceneTreePanel::follow(SoFieldContainer* container)
+{
+    const QModelIndex current = m_view->currentIndex();
+    if (container && current.isValid() && m_model->node(current) == container)
+        return;
+    const bool isNode = container && container->isOfType(SoNode::getClassTypeId());
+    makeCurrent(isNode ? m_model->firstIndexOf(static_cast<SoNode*>(container)) : QModelIndex());
+}
+
+void SceneTreePanel::makeCurrent(const QModelIndex& index)
+{
+    const QScopedValueRollback following(m_following, true);
+    m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
+                                                         QItemSelectionModel::Rows);
+    if (index.isValid())
+        m_view->scrollTo(index);
+}
+
+void SceneTreePanel::copy(int column) const
+{
+    const QModelIndex current = m_view->currentIndex();
+    QString text = current.siblingAtColumn(column).data().toString();
+    if (text.isEmpty())
+        text = current.siblingAtColumn(SceneTreeModel::TypeColumn).data().toString();
+    if (!text.isEmpty())
+        QGuiApplication::clipboard()->setText(text);
+}

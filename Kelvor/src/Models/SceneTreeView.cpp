@@ -1,0 +1,76 @@
+#include "Models/SceneTreeView.h"
+
+#include "Models/SceneTreeModel.h"
+
+#include <QKeyEvent>
+#include <QScrollBar>
+
+#include <deque>
+
+namespace {
+
+constexpr int expandedRowsLimit = 5000;
+
+}
+
+SceneTreeView::SceneTreeView(SceneTreeModel* model, QWidget* parent)
+    : QTreeView(parent)
+    , m_model(model)
+{
+    setModel(model);
+    setUniformRowHeights(true);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setAllColumnsShowFocus(true);
+
+    // Not at once: the scroll bar also moves while the view lays its rows out.
+    m_fetchTimer.setSingleShot(true);
+    m_fetchTimer.setInterval(0);
+    connect(&m_fetchTimer, &QTimer::timeout, this, &SceneTreeView::fetchVisible);
+    const auto fetchSoon = [this] { m_fetchTimer.start(); };
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, fetchSoon);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, fetchSoon);
+}
+
+void SceneTreeView::expandBelow(const QModelIndex& index)
+{
+    // With a layout due anyway, opening a row costs nothing more.
+    scheduleDelayedItemsLayout();
+    int rows = 0;
+    std::deque<QModelIndex> pending{index.siblingAtColumn(0)};
+    while (!pending.empty() && rows < expandedRowsLimit) {
+        const QModelIndex next = pending.front();
+        pending.pop_front();
+        if (!m_model->hasChildren(next))
+            continue;
+        if (m_model->canFetchMore(next))
+            m_model->fetchMore(next);
+        expand(next);
+        const int children = m_model->rowCount(next);
+        rows += children;
+        for (int row = 0; row < children; ++row)
+            pending.push_back(m_model->index(row, 0, next));
+    }
+}
+
+void SceneTreeView::keyPressEvent(QKeyEvent* event)
+{
+    // The view's own answer to the asterisk opens everything, however much it is.
+    if (event->key() != Qt::Key_Asterisk)
+        QTreeView::keyPressEvent(event);
+    else if (currentIndex().isValid())
+        expandBelow(currentIndex());
+}
+
+void SceneTreeView::fetchVisible()
+{
+    for (QModelIndex index = indexAt(QPoint(0, 0)); index.isValid(); index = indexBelow(index)) {
+        if (visualRect(index).top() > viewport()->height())
+            return;
+        const QModelIndex group = index.parent();
+        if (index.row() == m_model->rowCount(group) - 1 && m_model->hasMoreSlices(group)) {
+            m_model->fetchSlice(group);
+            return;
+        }
+    }
+}

@@ -1,0 +1,128 @@
+#include <Kelvor/KelvorProgram.h>
+
+#include "ProgramOptions.h"
+#include "Scene/NodeSpecifier.h"
+#include "Scene/SceneDocument.h"
+#include "Scene/SensorPump.h"
+#include "Screenshot.h"
+#include "View/SceneView.h"
+#include "Window/DocumentActions.h"
+#include "Window/HostPlugins.h"
+#include "Window/MainWindow.h"
+
+#include "Models/SceneTreePanel.h"
+
+#include <KlvExtender/KlvServices.h>
+
+#include <Inventor/SoDB.h>
+#include <Inventor/SoInteraction.h>
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <cstdio>
+
+namespace {
+
+int fail(const QString& sentence)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(sentence));
+    return EXIT_FAILURE;
+}
+
+/// Something the program can do without: told, and the program goes on.
+void complain(MainWindow& window, bool quiet, const QString& sentence)
+{
+    if (quiet)
+        std::fprintf(stderr, "%s\n", qUtf8Printable(sentence));
+    else
+        QMessageBox::warning(&window, QApplication::applicationDisplayName(), sentence);
+}
+
+/// Loads what the options ask for; one sentence when something of it is missing.
+QString setUp(MainWindow& window, const ProgramOptions& options)
+{
+    const bool quiet = !options.screenshot.isEmpty();
+    HostPlugins* plugins = window.plugins();
+    QString error;
+    if (!plugins->load(HostPlugins::defaultPlugin(), &error))
+        complain(window, quiet, error);
+    for (const QString& file : options.plugins) {
+        if (!plugins->load(file, &error))
+            return error;
+    }
+    if (!options.pluginFolder.isEmpty()) {
+        for (const QString& sentence : plugins->loadFolder(options.pluginFolder))
+            complain(window, quiet, sentence);
+    }
+    if (!plugins->activateProfile(options.profile))
+        return ProgramOptions::tr("There is no profile \"%1\".").arg(options.profile);
+    if (!options.scene.isEmpty()) {
+        // A picture leaves no trace in the user's settings.
+        const bool opened = quiet ? window.document()->open(options.scene, &error)
+                                  : window.documentActions()->openAtStart(options.scene, &error);
+        if (!opened)
+            return error;
+    }
+    if (options.selection.isEmpty())
+        return QString();
+
+    const NodeSpecifier::Result found = NodeSpecifier::find(window.document()->root(), options.selection);
+    if (!found.error.isEmpty())
+        return found.error;
+    if (!found.path.isEmpty())
+        window.treePanel()->select(found.path);
+    if (found.field)
+        KlvServices::getInstance()->setSelectedField(found.field);
+    else
+        KlvServices::getInstance()->setSelectedNode(found.container);
+    return QString();
+}
+
+int run(const ProgramOptions& options)
+{
+    SensorPump pump;
+    const bool picture = !options.screenshot.isEmpty();
+    MainWindow window(picture ? MainWindow::Layout::Fixed : MainWindow::Layout::Kept);
+    window.addColorsMenu();
+    const QString error = setUp(window, options);
+    if (!error.isEmpty())
+        return fail(error);
+    window.show();
+    if (!picture)
+        return QApplication::exec();
+
+    Screenshot screenshot(&window, options.screenshot);
+    int result = EXIT_SUCCESS;
+    // Queued: the event loop runs by then.
+    QObject::connect(&screenshot, &Screenshot::finished, &window, [&result](const QString& sentence) {
+        QApplication::exit(result = sentence.isEmpty() ? EXIT_SUCCESS : fail(sentence));
+    });
+    QApplication::exec();
+    return result;
+}
+
+int runApplication(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Kelvor"));
+    QApplication::setApplicationName(QStringLiteral("kelvor"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Kelvor"));
+    QApplication::setApplicationVersion(QStringLiteral(KELVOR_VERSION));
+
+    QString error;
+    const ProgramOptions options = ProgramOptions::parse(QApplication::arguments(), error);
+    return error.isEmpty() ? run(options) : fail(error);
+}
+
+} // namespace
+
+int runKelvor(int argc, char** argv)
+{
+    SoDB::init();
+    SoInteraction::init();
+    const int result = runApplication(argc, argv);
+    // The application object is gone by now, and with it all that refers to the scene graph.
+    SoDB::finish();
+    return result;
+}

@@ -1,0 +1,117 @@
+#include "SceneDocument.h"
+
+#include "SceneReader.h"
+#include "SceneWriter.h"
+
+#include <Inventor/SoInput.h>
+#include <Inventor/nodes/SoSeparator.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+void report(const QString& sentence, QString* error)
+{
+    if (error)
+        *error = sentence;
+}
+
+} // namespace
+
+SceneDocument::SceneDocument(QObject* parent)
+    : QObject(parent)
+{
+}
+
+SceneDocument::~SceneDocument()
+{
+    setFileName(QString());
+    if (m_root)
+        m_root->unref();
+}
+
+bool SceneDocument::open(const QString& name, QString* error)
+{
+    const QString file = QFileInfo(name).absoluteFilePath();
+    const SceneReader::Result scene = SceneReader::read(file);
+    if (!scene.root) {
+        report(tr("\"%1\" cannot be read: %2.").arg(QDir::toNativeSeparators(name), scene.reason), error);
+        return false;
+    }
+    replace(scene.root, file, scene.warnings);
+    return true;
+}
+
+bool SceneDocument::reload(QString* error)
+{
+    if (m_fileName.isEmpty()) {
+        report(tr("This scene does not come from a file."), error);
+        return false;
+    }
+    return open(m_fileName, error);
+}
+
+bool SceneDocument::save(const QString& name, QString* error)
+{
+    if (!m_root) {
+        report(tr("There is no scene to save."), error);
+        return false;
+    }
+    const QString reason = SceneWriter::write(*m_root, name);
+    if (!reason.isEmpty()) {
+        report(tr("\"%1\" cannot be saved: %2.").arg(QDir::toNativeSeparators(name), reason), error);
+        return false;
+    }
+    setFileName(QFileInfo(name).absoluteFilePath());
+    return true;
+}
+
+void SceneDocument::setRoot(SoNode* root)
+{
+    if (root != m_root || !m_fileName.isEmpty())
+        replace(root, QString(), {});
+}
+
+SoNode* SceneDocument::root() const
+{
+    return m_root;
+}
+
+QString SceneDocument::fileName() const
+{
+    return m_fileName;
+}
+
+QStringList SceneDocument::warnings() const
+{
+    return m_warnings;
+}
+
+void SceneDocument::replace(SoNode* root, const QString& file, const QStringList& warnings)
+{
+    SoNode* const old = m_root;
+    m_root = root;
+    m_warnings = warnings;
+    if (m_root)
+        m_root->ref();
+    setFileName(file);
+    Q_EMIT rootChanged(m_root);
+    if (old)
+        old->unref();
+}
+
+void SceneDocument::setFileName(const QString& file)
+{
+    m_fileName = file;
+    // Coin keeps the list as a stack: the same folder may stand in it for several users, each removes one
+    // entry.
+    const QByteArray folder =
+        file.isEmpty() ? QByteArray() : QFile::encodeName(QFileInfo(file).absolutePath());
+    if (!folder.isEmpty())
+        SoInput::addDirectoryFirst(folder.constData());
+    if (!m_searchedFolder.isEmpty())
+        SoInput::removeDirectory(m_searchedFolder.constData());
+    m_searchedFolder = folder;
+}

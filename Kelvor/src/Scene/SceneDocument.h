@@ -1,0 +1,61 @@
+#pragma once
+
+#include <Inventor/nodes/SoNode.h> // a signal's type must be complete where it is connected
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+/// The scene that is open: read from a file, or given by the application that is inspected.
+///
+/// Looking at the scene and saving it leave the graph as it is. While a file is open its folder is searched
+/// first for files that the scene names (textures, inlined scenes), at reading and when such a name is edited
+/// later.
+class SceneDocument : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SceneDocument(QObject* parent = nullptr);
+    /// Releases the scene.
+    ~SceneDocument() override;
+
+    /// Reads an Inventor or VRML file, compressed or not, and shows it in place of the scene that was open. A
+    /// file that has several nodes at its top gives a separator that holds them.
+    ///
+    /// On failure the scene that was open stays, `error` holds one sentence with file and reason, and the
+    /// result is false. What was wrong with a file that could be read all the same is in `warnings()`.
+    bool open(const QString& file, QString* error);
+    /// Reads the file again. Fails like `open()`, also when the scene did not come from a file.
+    bool reload(QString* error);
+    /// Writes the scene as text and makes `file` the document's file. A scene that was read from a VRML file becomes
+    /// a VRML file of that version, any other an Inventor file, whatever its name ends in.
+    ///
+    /// The file is replaced in one step when all is written. On failure it is as it was, `error` holds one
+    /// sentence and the result is false.
+    bool save(const QString& file, QString* error);
+    /// Shows a live graph, or nothing (null), which belongs to no file. It is referenced while it is shown.
+    void setRoot(SoNode* root);
+
+    /// Null when nothing is open.
+    SoNode* root() const;
+    /// Absolute; empty when the scene does not come from a file.
+    QString fileName() const;
+    /// One sentence for each thing that was wrong with the file at the last successful `open()`, at most a
+    /// hundred.
+    QStringList warnings() const;
+
+Q_SIGNALS:
+    /// Another scene, or nothing (null), is shown; the earlier one is still alive.
+    void rootChanged(SoNode* root);
+
+private:
+    void replace(SoNode* root, const QString& file, const QStringList& warnings);
+    void setFileName(const QString& file);
+
+    SoNode* m_root = nullptr;
+    QString m_fileName;
+    QByteArray m_searchedFolder;
+    QStringList m_warnings;
+};

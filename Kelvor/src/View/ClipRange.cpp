@@ -1,0 +1,61 @@
+#include "ClipRange.h"
+
+#include <Inventor/SbBox3f.h>
+#include <Inventor/SbMatrix.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr float depthRatio = 5000.0f; // far to near at most: what is left of 24 bits of depth is fine enough
+constexpr float margin = 0.01f;       // of the range, so that faces in the planes are drawn
+
+} // namespace
+
+ClipRange ClipRange::around(const SbBox3f& box, const SbMatrix& viewing,
+                            SbViewVolume::ProjectionType projection, float focalDistance)
+{
+    const bool perspective = projection == SbViewVolume::PERSPECTIVE;
+    const float focus = std::isfinite(focalDistance) && focalDistance > 0.0f ? focalDistance : 1.0f;
+    const float ratio = std::sqrt(depthRatio);
+    ClipRange range{focus / ratio, focus * ratio};
+    if (box.isEmpty())
+        return range;
+
+    SbBox3f seen = box;
+    seen.transform(viewing); // the camera looks along -z
+    const float nearest = -seen.getMax()[2];
+    const float farthest = -seen.getMin()[2];
+    if (!std::isfinite(nearest) || !std::isfinite(farthest) || (perspective && farthest <= 0.0f))
+        return range;
+    const float extra = std::max({margin * (farthest - nearest), margin * std::abs(farthest) * 0.1f, 1e-6f});
+    range = {nearest - extra, farthest + extra};
+    if (perspective)
+        range.nearDistance = std::max(range.nearDistance, range.farDistance / depthRatio);
+    return range;
+}
+
+bool ClipRange::isUsable(SbViewVolume::ProjectionType projection) const
+{
+    return std::isfinite(nearDistance) && std::isfinite(farDistance) && nearDistance < farDistance &&
+           (projection == SbViewVolume::ORTHOGRAPHIC || nearDistance > 0.0f);
+}
+
+SbViewVolume ClipRange::cut(const SbViewVolume& volume) const
+{
+    const bool perspective = volume.getProjectionType() == SbViewVolume::PERSPECTIVE;
+    const float scale = 0.5f * (perspective ? nearDistance / volume.getNearDist() : 1.0f);
+    const float width = volume.getWidth() * scale;
+    const float height = volume.getHeight() * scale;
+    SbViewVolume result;
+    if (perspective)
+        result.frustum(-width, width, -height, height, nearDistance, farDistance);
+    else
+        result.ortho(-width, width, -height, height, nearDistance, farDistance);
+    SbMatrix viewing;
+    SbMatrix projection;
+    volume.getMatrices(viewing, projection);
+    result.transform(viewing.inverse());
+    return result;
+}

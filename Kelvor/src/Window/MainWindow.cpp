@@ -1,0 +1,222 @@
+#include "MainWindow.h"
+
+#include "Appearance.h"
+#include "DocumentActions.h"
+#include "HistoryKeys.h"
+#include "HostPlugins.h"
+#include "HostSettings.h"
+#include "Models/FieldListPanel.h"
+#include "Models/SceneTreePanel.h"
+#include "Scene/SceneDocument.h"
+#include "View/SceneView.h"
+
+#include <KlvExtender/KlvServices.h>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDockWidget>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QToolBar>
+#include <QUndoStack>
+#include <QUndoView>
+
+namespace {
+
+const QString geometryKey = QStringLiteral("window/geometry");
+const QString stateKey = QStringLiteral("window/state");
+// Raised when the docks change so much that an older layout no longer fits.
+constexpr int stateVersion = 1;
+
+} // namespace
+
+MainWindow::MainWindow(Layout layout, QWidget* parent)
+    : QMainWindow(parent)
+    , m_layout(layout)
+    , m_history(KlvServices::getInstance()->getUndoStack())
+    , m_document(new SceneDocument(this))
+    , m_view(new SceneView(this))
+    , m_shell(this)
+{
+    setAttribute(Qt::WA_StyledBackground);
+    setAcceptDrops(true);
+    setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
+    setCentralWidget(m_view);
+    createDocks();
+    createMenus();
+    connect(m_document, &SceneDocument::rootChanged, this, &MainWindow::sceneChanged);
+    connect(m_history, &QUndoStack::cleanChanged, this, [this](bool clean) { setWindowModified(!clean); });
+    updateTitle();
+    restoreLayout();
+    // After the layout: what the plug-ins add finds its place in it.
+    m_plugins = std::make_unique<HostPlugins>();
+}
+
+MainWindow::~MainWindow()
+{
+    KlvServices* services = KlvServices::getInstance();
+    services->setSelectedNode(nullptr);
+    services->setSelectedField(nullptr);
+    // While the window and its docks are whole: the plug-ins take theirs out of it.
+    m_plugins.reset();
+    m_history->clear();
+    m_history->disconnect(this);
+}
+
+QDockWidget* MainWindow::addPanel(const char* name, const QString& title, QWidget* panel,
+                                  Qt::DockWidgetArea area)
+{
+    auto* dock = new QDockWidget(title, this);
+    dock->setObjectName(QLatin1String(name));
+    dock->setWidget(panel);
+    addDockWidget(area, dock);
+    return dock;
+}
+
+void MainWindow::createDocks()
+{
+    m_treePanel = new SceneTreePanel;
+    m_fieldPanel = new FieldListPanel;
+    auto* historyView = new QUndoView(m_history);
+    historyView->setEmptyLabel(tr("Scene as opened"));
+    historyView->setAccessibleName(tr("History"));
+    QDockWidget* tree = addPanel("SceneTree", tr("Scene"), m_treePanel, Qt::LeftDockWidgetArea);
+    QDockWidget* history = addPanel("History", tr("History"), historyView, Qt::LeftDockWidgetArea);
+    QDockWidget* fields = addPanel("FieldList", tr("Fields"), m_fieldPanel, Qt::RightDockWidgetArea);
+    resizeDocks({tree, fields}, {320, 420}, Qt::Horizontal);
+    resizeDocks({tree, history}, {500, 160}, Qt::Vertical);
+
+    // Return in the field list goes on to the first input of the editor that shows the field.
+    connect(m_fieldPanel, &FieldListPanel::fieldActivated, this, [this] {
+        for (QDockWidget* dock : findChildren<QDockWidget*>()) {
+            if (!dock->isVisible() || !dock->widget() || !m_shell.isInExtensionDock(dock->widget()))
+                continue;
+            for (QWidget* input : dock->widget()->findChildren<QWidget*>()) {
+                if (input->isVisible() && input->isEnabled() && (input->focusPolicy() & Qt::TabFocus)) {
+                    input->setFocus(Qt::TabFocusReason);
+                    return;
+                }
+            }
+        }
+    });
+}
+
+void MainWindow::createMenus()
+{
+    m_documentActions = new DocumentActions(m_document, m_history, this);
+    m_documentActions->addTo(menuBar()->addMenu(tr("&File")));
+    createEditMenu();
+    m_viewMenu = menuBar()->addMenu(tr("&View"));
+    m_viewMenu->addActions(m_view->actions());
+    m_viewMenu->addSeparator();
+    QMenu* panels = m_viewMenu->addMenu(tr("&Panels"));
+    connect(panels, &QMenu::aboutToShow, this, [this, panels] { fillPanelsMenu(panels); });
+}
+
+void MainWindow::createEditMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    const auto addStep = [this, menu](const QString& name, const QList<QKeySequence>& keys, auto step,
+                                      auto can, auto canChanged, auto text, auto textChanged) {
+        QAction* action = menu->addAction(name);
+        action->setShortcuts(keys);
+        const auto rename = [action, name](const QString& what) {
+            action->setText(what.isEmpty() ? name : name + QLatin1Char(' ') + what);
+        };
+        action->setEnabled((m_history->*can)());
+        rename((m_history->*text)());
+        connect(m_history, canChanged, action, &QAction::setEnabled);
+        connect(m_history, textChanged, action, rename);
+        connect(action, &QAction::triggered, this, [this, step] {
+            HistoryKeys::commitPendingInput(m_shell);
+            (m_history->*step)();
+        });
+        return action;
+    };
+    QAction* undo =
+        addStep(tr("&Undo"), {QKeySequence(Qt::CTRL | Qt::Key_Z)}, &QUndoStack::undo, &QUndoStack::canUndo,
+                &QUndoStack::canUndoChanged, &QUndoStack::undoText, &QUndoStack::undoTextChanged);
+    QAction* redo = addStep(
+        tr("&Redo"), {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)},
+        &QUndoStack::redo, &QUndoStack::canRedo, &QUndoStack::canRedoChanged, &QUndoStack::redoText,
+        &QUndoStack::redoTextChanged);
+    new HistoryKeys(undo, redo, &m_shell, this);
+}
+
+void MainWindow::fillPanelsMenu(QMenu* menu)
+{
+    menu->clear();
+    for (QDockWidget* dock : findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        QAction* toggle = dock->toggleViewAction();
+        // An extension that shows nothing at the moment has nothing to open.
+        toggle->setEnabled(dock->widget() != nullptr);
+        menu->addAction(toggle);
+    }
+    for (QToolBar* toolBar : findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
+        menu->addAction(toolBar->toggleViewAction());
+}
+
+void MainWindow::addColorsMenu()
+{
+    m_viewMenu->addMenu(new Appearance(this));
+}
+
+void MainWindow::sceneChanged()
+{
+    KlvServices* services = KlvServices::getInstance();
+    services->setSelectedNode(nullptr);
+    services->setSelectedField(nullptr);
+    m_history->clear();
+    m_treePanel->setRoot(m_document->root());
+    m_view->setRoot(m_document->root());
+    updateTitle();
+}
+
+void MainWindow::updateTitle()
+{
+    const QString file = m_document->fileName();
+    setWindowFilePath(file);
+    setWindowTitle(file.isEmpty() ? tr("Kelvor") : tr("%1[*] – Kelvor").arg(QFileInfo(file).fileName()));
+}
+
+void MainWindow::restoreLayout()
+{
+    resize(1280, 800);
+    if (m_layout == Layout::Fixed)
+        return;
+    const HostSettings settings;
+    restoreGeometry(settings.value(geometryKey).toByteArray());
+    restoreState(settings.value(stateKey).toByteArray(), stateVersion);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    if (!m_documentActions->mayDiscard()) {
+        event->ignore();
+        return;
+    }
+    if (m_layout == Layout::Kept) {
+        HostSettings settings;
+        settings.setValue(geometryKey, saveGeometry());
+        settings.setValue(stateKey, saveState(stateVersion));
+    }
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!DocumentActions::sceneFile(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    const QString file = DocumentActions::sceneFile(event->mimeData());
+    if (file.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // Later: a question must not hold up the application that the drag comes from.
+    QMetaObject::invokeMethod(
+        m_documentActions, [this, file] { m_documentActions->open(file); }, Qt::QueuedConnection);
+}
