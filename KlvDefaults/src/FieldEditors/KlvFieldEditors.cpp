@@ -1,0 +1,116 @@
+#include "FieldEditors/KlvFieldEditors.h"
+
+#include "FieldEditors/DefaultField.h"
+#include "FieldEditors/KlvFieldSetDefaultCommand.h"
+
+#include <KlvExtender/KlvServices.h>
+#include <KlvExtender/SceneGraph/SoFieldText.h>
+
+#include <Inventor/SbString.h>
+#include <Inventor/fields/SoField.h>
+#include <Inventor/sensors/SoFieldSensor.h>
+
+KlvFieldEditors::KlvFieldEditors()
+    : m_container(new QFrame)
+{
+    m_author = "QRV";
+    m_description = "Field Editor for Kelvor.";
+    m_version = "1.0.0";
+    m_widget = m_container.data();
+}
+
+KlvFieldEditors::~KlvFieldEditors()
+{
+    delete m_container;
+}
+
+void KlvFieldEditors::load()
+{
+    hide();
+    m_fieldSensor = std::make_unique<SoFieldSensor>(fieldSensorCB, this);
+    m_fieldSensor->setDeleteCallback(fieldDestroyedCB, this);
+}
+
+void KlvFieldEditors::unload()
+{
+    setField(nullptr);
+    m_fieldSensor.reset();
+}
+
+void KlvFieldEditors::activate()
+{
+    KlvEditor::activate();
+    SoField* field = getEditedObject().toField();
+    if (!field || !m_fieldSensor)
+        return;
+    setField(field);
+    refresh();
+    show();
+}
+
+void KlvFieldEditors::deactivate()
+{
+    KlvEditor::deactivate();
+    if (m_fieldSensor)
+        m_fieldSensor->detach();
+    // Hiding may take the focus from an input, which then still commits what was typed: the field goes last.
+    hide();
+    setField(nullptr);
+}
+
+void KlvFieldEditors::show()
+{
+    KlvEditor::show();
+    if (m_container)
+        m_container->show();
+}
+
+void KlvFieldEditors::hide()
+{
+    KlvEditor::hide();
+    if (m_container)
+        m_container->hide();
+}
+
+void KlvFieldEditors::setField(SoField* field)
+{
+    if (!m_fieldSensor)
+        return;
+    if (field)
+        m_fieldSensor->attach(field);
+    else
+        m_fieldSensor->detach();
+}
+
+bool KlvFieldEditors::isRefreshPending() const
+{
+    return m_fieldSensor && m_fieldSensor->isScheduled();
+}
+
+void KlvFieldEditors::resetToDefault(SoField* field)
+{
+    const DefaultField defaultField(field);
+    if (!defaultField.get())
+        return;
+    SbString text;
+    defaultField.get()->get(text);
+    if (!setFieldFromText(field, text))
+        return;
+    if (field->isSame(*defaultField.get()))
+        field->setDefault(TRUE);
+    KlvServices::getInstance()->pushCommand(new KlvFieldSetDefaultCommand(field, defaultField.get()));
+}
+
+void KlvFieldEditors::fieldSensorCB(void* data, SoSensor*)
+{
+    static_cast<KlvFieldEditors*>(data)->refresh();
+}
+
+void KlvFieldEditors::fieldDestroyedCB(void* data, SoSensor*)
+{
+    auto* editor = static_cast<KlvFieldEditors*>(data);
+    editor->setField(nullptr);
+    editor->setEditedObject(nullptr);
+    editor->hide();
+    Q_EMIT editor->editedObjectLost();
+}

@@ -1,0 +1,22 @@
+#include "KlvDefaults.h"
+
+KlvDefaults::KlvDefaults()
+{
+    m_name = "KlvDefaults";
+    m_author = "QRV";
+    m_description = "Plug-in which loads Kelvor default extensions.";
+    m_version = "1.0.0";
+}
+
+void KlvDefaults::load()
+{
+    KlvExtension* const extensions[] = {
+        &m_sfLineWidget,
+        &m_sfNameWidget,
+        &m_sfStringWidget,
+        &m_fieldEditorDockWin,
+    };
+    for (KlvExtension* extension : extensions)
+        addExtension(extension);
+    KlvPlugin::load();
+}
