@@ -4,7 +4,14 @@
 #include <Inventor/SoInteraction.h>
 
 #include <QApplication>
+#include <QRegularExpression>
 #include <QTest>
+
+/// Warnings that a test fails on: all, but for what Qt's offscreen platform says of itself when a window is shown.
+inline QRegularExpression unexpectedWarnings()
+{
+    return QRegularExpression(QStringLiteral("^(?!This plugin does not support propagateSizeHints)"));
+}
 
 /// The main function of a test program: Coin and the application made ready, one test object run, everything
 /// released again, so that a leak checker sees only what the tested code left behind.

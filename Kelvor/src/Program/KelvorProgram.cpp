@@ -18,9 +18,12 @@
 #include <Inventor/SoInteraction.h>
 
 #include <QApplication>
+#include <QFile>
 #include <QMessageBox>
 
+#include <algorithm>
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -102,16 +105,53 @@ int run(const ProgramOptions& options)
     return result;
 }
 
+/// Takes the `--plugin` options out of the arguments: Qt would take them for its own option of that name.
+QStringList takePluginOptions(std::vector<char*>& arguments)
+{
+    QStringList taken;
+    for (auto argument = arguments.begin(); argument != arguments.end();) {
+        const QString text = QFile::decodeName(*argument);
+        const bool separate = text == QLatin1String("--plugin") && std::next(argument) != arguments.end();
+        if (!separate && !text.startsWith(QLatin1String("--plugin="))) {
+            ++argument;
+            continue;
+        }
+        taken << text;
+        if (separate)
+            taken << QFile::decodeName(*std::next(argument));
+        argument = arguments.erase(argument, argument + (separate ? 2 : 1));
+    }
+    return taken;
+}
+
+void nameApplication()
+{
+    QCoreApplication::setOrganizationName(QStringLiteral("Kelvor"));
+    QCoreApplication::setApplicationName(QStringLiteral("kelvor"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(KELVOR_VERSION));
+}
+
 int runApplication(int argc, char** argv)
 {
-    QApplication application(argc, argv);
-    QApplication::setOrganizationName(QStringLiteral("Kelvor"));
-    QApplication::setApplicationName(QStringLiteral("kelvor"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Kelvor"));
-    QApplication::setApplicationVersion(QStringLiteral(KELVOR_VERSION));
-
     QString error;
-    const ProgramOptions options = ProgramOptions::parse(QApplication::arguments(), error);
+    nameApplication();
+    const auto isQuestion = [](const char* argument) {
+        return QStringList{"--help", "-h", "--version", "-v"}.contains(QLatin1String(argument));
+    };
+    if (std::any_of(argv + 1, argv + argc, isQuestion)) {
+        // Answered and ended in there, and without a display.
+        const QCoreApplication application(argc, argv);
+        ProgramOptions::parse(QCoreApplication::arguments(), error);
+        return fail(error);
+    }
+
+    std::vector<char*> arguments(argv, argv + argc);
+    const QStringList pluginOptions = takePluginOptions(arguments);
+    argc = int(arguments.size());
+    arguments.push_back(nullptr);
+    const QApplication application(argc, arguments.data());
+    QApplication::setApplicationDisplayName(QStringLiteral("Kelvor"));
+    const ProgramOptions options = ProgramOptions::parse(QApplication::arguments() + pluginOptions, error);
     return error.isEmpty() ? run(options) : fail(error);
 }
 

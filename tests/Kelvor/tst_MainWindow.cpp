@@ -1,0 +1,191 @@
+#include "TestMain.h"
+
+#include "Scene/SceneDocument.h"
+#include "Window/DocumentActions.h"
+#include "Window/HostPlugins.h"
+#include "Window/HostSettings.h"
+#include "Window/MainWindow.h"
+
+#include <KlvExtender/KlvServices.h>
+
+#include <Inventor/nodes/SoCone.h>
+#include <Inventor/nodes/SoSeparator.h>
+
+#include <QDockWidget>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QUndoStack>
+
+namespace {
+
+/// Answers the next message box with a button and keeps its text.
+class Answer
+{
+public:
+    explicit Answer(QMessageBox::StandardButton button)
+    {
+        m_timer.callOnTimeout([this, button] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                text = box->text();
+                m_timer.stop();
+                box->button(button)->click();
+            }
+        });
+        m_timer.start(5);
+    }
+    QString text;
+
+private:
+    QTimer m_timer;
+};
+
+} // namespace
+
+class tst_MainWindow : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<MainWindow> m_window;
+    KlvServices* m_services = nullptr;
+
+    QString write(const QString& name, const QByteArray& content)
+    {
+        QFile file(m_folder.filePath(name));
+        return file.open(QFile::WriteOnly) && file.write(content) == content.size() ? file.fileName()
+                                                                                    : QString();
+    }
+
+    SoCone* cone() const
+    {
+        return static_cast<SoCone*>(static_cast<SoSeparator*>(m_window->document()->root())->getChild(0));
+    }
+
+    QDockWidget* editorDock() const { return m_window->findChild<QDockWidget*>("KlvFieldEditorDockWin"); }
+
+    /// The text input of the editor, with the focus.
+    QLineEdit* input() const
+    {
+        auto* edit = editorDock()->findChild<QLineEdit*>("lineEdit");
+        edit->setFocus();
+        return edit;
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        QTest::failOnWarning(unexpectedWarnings());
+        HostSettings().clear();
+        m_services = KlvServices::getInstance();
+        m_window = std::make_unique<MainWindow>(MainWindow::Layout::Kept);
+        QString error;
+        QVERIFY2(m_window->plugins()->load(KELVOR_DEFAULT_PLUGIN, &error), qPrintable(error));
+        QVERIFY(m_window->plugins()->activateProfile());
+        m_window->show();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        m_window->documentActions()->open(write("cone.iv", "#Inventor V2.1 ascii\nCone { height 3 }\n"));
+        QVERIFY(m_window->document()->root());
+    }
+
+    void cleanup() { m_window.reset(); }
+
+    void undoAndRedoWorkFromTheInputOfAnEditor()
+    {
+        m_services->setSelectedField(&cone()->height);
+        QLineEdit* edit = input();
+        edit->selectAll();
+        QTest::keyClicks(edit, "7.25");
+        QCOMPARE(cone()->height.getValue(), 7.25f);
+        QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(cone()->height.getValue(), 3.0f);
+        QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(cone()->height.getValue(), 7.25f);
+        QVERIFY(edit->hasFocus());
+        QVERIFY(m_window->isWindowModified());
+        m_services->getUndoStack()->undo();
+        QVERIFY(!m_window->isWindowModified());
+    }
+
+    void theEditorDockFollowsTheSelection()
+    {
+        QVERIFY(!editorDock()->isVisible());
+        m_services->setSelectedField(&cone()->height);
+        QVERIFY(editorDock()->isVisible());
+        static_cast<SoSeparator*>(m_window->document()->root())->removeAllChildren();
+        QTRY_VERIFY(!editorDock()->isVisible());
+        QVERIFY(!editorDock()->widget());
+    }
+
+    void anUnreadableFileLeavesTheSceneOpen_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::newRow("missing") << m_folder.filePath("missing.iv");
+        QTest::newRow("no scene") << write("text.iv", "This is a letter.\n");
+        QTest::newRow("folder") << m_folder.path();
+    }
+
+    void anUnreadableFileLeavesTheSceneOpen()
+    {
+        QFETCH(QString, file);
+        SoNode* root = m_window->document()->root();
+        Answer ok(QMessageBox::Ok);
+        m_window->documentActions()->open(file);
+        QVERIFY2(ok.text.contains(file) && ok.text.endsWith('.'), qPrintable(ok.text));
+        QCOMPARE(m_window->document()->root(), root);
+    }
+
+    void changesAreNotLostUnasked()
+    {
+        const QString other = write("other.iv", "#Inventor V2.1 ascii\nCube {}\n");
+        m_services->setSelectedField(&cone()->height);
+        QTest::keyClicks(input(), "1");
+        SoNode* root = m_window->document()->root();
+        {
+            Answer cancel(QMessageBox::Cancel);
+            m_window->documentActions()->open(other);
+            QCOMPARE(m_window->document()->root(), root);
+        }
+        {
+            Answer cancel(QMessageBox::Cancel);
+            QVERIFY(!m_window->close());
+        }
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(other)});
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_window.get(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        Answer discard(QMessageBox::Discard);
+        QApplication::sendEvent(m_window.get(), &drop);
+        QTRY_COMPARE(m_window->document()->fileName(), other);
+        QCOMPARE(m_services->getUndoStack()->count(), 0);
+        QCOMPARE(m_services->getSelectedNode(), nullptr);
+    }
+
+    void theLayoutIsKept()
+    {
+        auto* tree = m_window->findChild<QDockWidget*>("SceneTree");
+        m_window->addDockWidget(Qt::RightDockWidgetArea, tree);
+        m_window->findChild<QDockWidget*>("History")->close();
+        m_window->addDockWidget(Qt::BottomDockWidgetArea, editorDock());
+        m_services->setSelectedField(&cone()->height);
+        QVERIFY(m_window->close());
+        m_window.reset();
+        m_window = std::make_unique<MainWindow>(MainWindow::Layout::Kept);
+        QVERIFY(m_window->plugins()->load(KELVOR_DEFAULT_PLUGIN, nullptr));
+        QVERIFY(m_window->plugins()->activateProfile());
+        m_window->show();
+        QCOMPARE(m_window->dockWidgetArea(m_window->findChild<QDockWidget*>("SceneTree")),
+                 Qt::RightDockWidgetArea);
+        QCOMPARE(m_window->dockWidgetArea(editorDock()), Qt::BottomDockWidgetArea);
+        QVERIFY(!m_window->findChild<QDockWidget*>("History")->isVisible());
+        QVERIFY(!editorDock()->isVisible()); // It was open, but nothing is selected now.
+    }
+};
+
+KLV_TEST_MAIN(tst_MainWindow)
+#include "tst_MainWindow.moc"
