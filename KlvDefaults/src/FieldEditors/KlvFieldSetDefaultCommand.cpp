@@ -7,7 +7,7 @@
 KlvFieldSetDefaultCommand::KlvFieldSetDefaultCommand(SoField* field, SoField* defaultField)
     : KlvCommand(defaultField ? field : nullptr, Kind::Action, tr("Reset %1"))
 {
-    if (!getField())
+    if (!field || !defaultField)
         return;
     m_multiValue = field->isOfType(SoMField::getClassTypeId());
     field->get(m_previousValue);

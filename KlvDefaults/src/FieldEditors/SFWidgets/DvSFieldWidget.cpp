@@ -216,8 +216,11 @@ void DvSFieldWidget::ignoreButtonStateChanged()
     if (!m_field)
         return;
     const bool ignored = m_ignoreButton->isChecked();
+    // A refresh that was pending before has a change of the value to show.
+    const bool onlyEcho = !isRefreshPending();
     m_field->setIgnored(ignored);
-    expectEcho();
+    if (onlyEcho)
+        expectEcho();
     KlvServices::getInstance()->pushCommand(new KlvFieldIgnoredCommand(m_field, ignored));
 }
 
