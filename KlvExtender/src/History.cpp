@@ -35,8 +35,7 @@ void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* contai
     if (!declared)
         field = m_selected.field();
 
-    const bool isSelected = field && field == m_selected.field();
-    const FieldSnapshot::Ptr before = isSelected ? m_selected.get() : nullptr;
+    const FieldSnapshot::Ptr before = m_selected.of(field);
     if (!guarded([&] { command->execute(); }))
         return;
 
@@ -49,8 +48,7 @@ void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* contai
         field = nullptr;
     } else if (field) {
         after = FieldSnapshot::take(*field, m_budget);
-        if (isSelected)
-            m_selected.set(after);
+        m_selected.set(field, after);
     }
 
     HistoryStep::Record record;

@@ -11,6 +11,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
+#include <QScopeGuard>
 
 namespace {
 
@@ -50,6 +51,7 @@ void KlvServices::Private::select(SoFieldContainer* newNode, SoField* newField)
         return;
     const int own = ++generation;
     const ContainerRef keepNew(newNode);
+    const auto announced = qScopeGuard([this] { selected.forgetLeft(); });
     if (nodeChanges) {
         if (selected.field()) {
             follow(nullptr);

@@ -24,13 +24,31 @@ void SelectedFieldCopy::follow(SoField* field, std::function<void()> whenDying)
     m_sensor->detach();
     m_idle.stop();
     m_idle.setInterval(0);
-    m_copy.reset();
+    m_left = m_field;
+    m_leftCopy = std::exchange(m_copy, nullptr);
     m_field = field;
     m_whenDying = std::move(whenDying);
     if (!m_field)
         return;
     m_sensor->attach(m_field);
     renew();
+}
+
+FieldSnapshot::Ptr SelectedFieldCopy::of(const SoField* field) const
+{
+    return !field ? nullptr : field == m_field ? m_copy : field == m_left ? m_leftCopy : nullptr;
+}
+
+void SelectedFieldCopy::set(const SoField* field, FieldSnapshot::Ptr copy)
+{
+    if (field == m_field)
+        m_copy = std::move(copy);
+}
+
+void SelectedFieldCopy::forgetLeft()
+{
+    m_left = nullptr;
+    m_leftCopy.reset();
 }
 
 void SelectedFieldCopy::fieldChanged(void* self, SoSensor*)

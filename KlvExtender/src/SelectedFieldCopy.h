@@ -24,11 +24,13 @@ public:
     void follow(SoField* field, std::function<void()> whenDying);
     SoField* field() const { return m_field; }
 
-    /// The copy; null when there is none. May be older than the field's value by what changed since the last
-    /// idle time.
-    const FieldSnapshot::Ptr& get() const { return m_copy; }
-    /// Puts a copy in place that the caller has just taken.
-    void set(FieldSnapshot::Ptr copy) { m_copy = std::move(copy); }
+    /// The copy of the followed field, or of the one followed before until `forgetLeft()`; null for others.
+    /// May be older than the field's value by what changed since the last idle time.
+    FieldSnapshot::Ptr of(const SoField* field) const;
+    /// Puts a copy of the followed field in place that the caller has just taken; ignored for other fields.
+    void set(const SoField* field, FieldSnapshot::Ptr copy);
+    /// Ends the time in which an editor that lets go of the field followed before may still commit to it.
+    void forgetLeft();
 
     /// Takes the copy anew at once if the field has changed since the last one.
     void renewIfStale();
@@ -44,6 +46,8 @@ private:
     SoField* m_field = nullptr;
     std::function<void()> m_whenDying;
     FieldSnapshot::Ptr m_copy;
+    const SoField* m_left = nullptr; ///< the field followed before
+    FieldSnapshot::Ptr m_leftCopy;
     qint64 m_limit = 0;
     std::unique_ptr<SoFieldSensor> m_sensor;
     QTimer m_idle;

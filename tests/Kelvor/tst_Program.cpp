@@ -63,7 +63,7 @@ private Q_SLOTS:
         arguments.replaceInStrings(QRegularExpression("^(.*\\.iv)$"), path("\\1"));
         const Outcome outcome = run(arguments << "--screenshot" << picture);
         QVERIFY2(outcome.exitCode == 0, qPrintable(outcome.error));
-        QCOMPARE(QImage(picture).size(), QSize(1280, 800));
+        QCOMPARE(QImage(picture).size(), QSize(1360, 840));
     }
 
     void failures_data()

@@ -213,6 +213,20 @@ private Q_SLOTS:
         QCOMPARE(field[0], 0.5f); // Its redo changes nothing, so the copy steps in.
     }
 
+    void anEditorThatIsLeftMayStillCommit()
+    {
+        m_services->setSelectedField(&m_material->transparency);
+        QObject context;
+        connect(m_services, &KlvServices::selectedFieldChanged, &context, [&] {
+            if (m_stack->count() == 0)
+                edit(0.5f);
+        });
+        m_services->setSelectedField(&m_material->shininess);
+        QCOMPARE(m_stack->count(), 1);
+        m_stack->undo();
+        QCOMPARE(m_material->transparency[0], 0.0f);
+    }
+
     void changesFromElsewhereBelongToNoStep()
     {
         m_services->setSelectedField(&m_material->transparency);

@@ -18,6 +18,7 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QUndoStack>
 #include <QUndoView>
@@ -84,7 +85,7 @@ void MainWindow::createDocks()
     QDockWidget* tree = addPanel("SceneTree", tr("Scene"), m_treePanel, Qt::LeftDockWidgetArea);
     QDockWidget* history = addPanel("History", tr("History"), historyView, Qt::LeftDockWidgetArea);
     QDockWidget* fields = addPanel("FieldList", tr("Fields"), m_fieldPanel, Qt::RightDockWidgetArea);
-    resizeDocks({tree, fields}, {320, 420}, Qt::Horizontal);
+    resizeDocks({tree, fields}, {320, 460}, Qt::Horizontal);
     resizeDocks({tree, history}, {500, 160}, Qt::Vertical);
 
     // Return in the field list goes on to the first input of the editor that shows the field.
@@ -171,6 +172,17 @@ void MainWindow::sceneChanged()
     m_treePanel->setRoot(m_document->root());
     m_view->setRoot(m_document->root());
     updateTitle();
+    showWarnings();
+}
+
+void MainWindow::showWarnings()
+{
+    const QStringList warnings = m_document->warnings();
+    statusBar()->setVisible(!warnings.isEmpty());
+    if (!warnings.isEmpty())
+        statusBar()->showMessage(
+            tr("%n problem(s) while reading: %1", nullptr, int(warnings.size())).arg(warnings.constFirst()));
+    statusBar()->setToolTip(warnings.join(QLatin1Char('\n')));
 }
 
 void MainWindow::updateTitle()
@@ -182,7 +194,7 @@ void MainWindow::updateTitle()
 
 void MainWindow::restoreLayout()
 {
-    resize(1280, 800);
+    resize(1360, 840);
     if (m_layout == Layout::Fixed)
         return;
     const HostSettings settings;

@@ -50,6 +50,7 @@ private:
     void createEditMenu();
     void fillPanelsMenu(QMenu* menu);
     void sceneChanged();
+    void showWarnings();
     void updateTitle();
     void restoreLayout();
 
