@@ -10,17 +10,19 @@ class SoMField;
 
 /// Sets a field from text in the scene graph's text form, whole or not at all.
 ///
-/// Coin's own `SoField::set()` may leave a value half overwritten, takes text with junk behind the value, cuts
-/// `3.7` to an integer and lets large integers overflow, mostly without a word. Here a text that is not exactly one
-/// value of the field's kind gives FALSE, the field is bit for bit as it was (value, default flag, ignored flag,
-/// connections), nobody is notified, and one `SoReadError` tells which field of which node did not take which text.
+/// Coin's own `SoField::set()` may leave a value half overwritten, takes text with junk behind the value,
+/// cuts `3.7` to an integer and lets large integers overflow, mostly without a word. Here a text that is not
+/// exactly one value of the field's kind gives FALSE, the field is bit for bit as it was (value, default
+/// flag, ignored flag, connections), nobody is notified, and one `SoReadError` tells which field of which
+/// node did not take which text.
 ///
-/// Every text that `SoField::get()` printed for a field of the kind is accepted, also where Coin's reader stumbles:
-/// null in node and engine fields, nan and inf, strings that end in a backslash, four-component colours. Doubles are
-/// read exactly. On success the field's auditors are notified once, as by a setter. A null field gives FALSE.
+/// Every text that `SoField::get()` printed for a field of the kind is accepted, also where Coin's reader
+/// stumbles: null in node and engine fields, nan and inf, strings that end in a backslash, four-component
+/// colours. Doubles are read exactly. On success the field's auditors are notified once, as by a setter. A
+/// null field gives FALSE.
 KLV_EXTENDER_EXPORT SbBool setFieldFromText(SoField* field, const SbString& text);
 
-/// Sets one element of a multi-value field from text, under the same rules; its cost does not grow with the number
-/// of elements. An index beyond the end grows the field, every element in the gap holding the kind's neutral value;
-/// a negative index or a null field gives FALSE.
+/// Sets one element of a multi-value field from text, under the same rules; its cost does not grow with the
+/// number of elements. An index beyond the end grows the field, every element in the gap holding the kind's
+/// neutral value; a negative index or a null field gives FALSE.
 KLV_EXTENDER_EXPORT SbBool setElementFromText(SoMField* field, int index, const SbString& text);

@@ -9,10 +9,12 @@
 class SoField;
 class SoFieldContainer;
 
-/// A nullable reference to something of the scene graph that has an `SoType`: nothing, a field or a field container.
+/// A nullable reference to something of the scene graph that has an `SoType`: nothing, a field or a field
+/// container.
 ///
-/// Coin's fields and containers share no base class; this value stands for either where an editor is told what to
-/// edit. It is copied freely and owns nothing: whoever keeps one makes sure that the object outlives it.
+/// Coin's fields and containers share no base class; this value stands for either where an editor is told
+/// what to edit. It is copied freely and owns nothing: whoever keeps one makes sure that the object outlives
+/// it.
 class KLV_EXTENDER_EXPORT SoTypedObject
 {
 public:
@@ -21,9 +23,15 @@ public:
     /// Nothing.
     SoTypedObject(std::nullptr_t) {}
     /// A field; a null pointer gives nothing.
-    SoTypedObject(SoField* field) : m_field(field) {}
+    SoTypedObject(SoField* field)
+        : m_field(field)
+    {
+    }
     /// A node, an engine or another container; a null pointer gives nothing.
-    SoTypedObject(SoFieldContainer* container) : m_container(container) {}
+    SoTypedObject(SoFieldContainer* container)
+        : m_container(container)
+    {
+    }
 
     /// True when it stands for nothing.
     bool isNull() const { return !m_field && !m_container; }

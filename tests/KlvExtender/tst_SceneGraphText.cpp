@@ -1,0 +1,473 @@
+#include "TestMain.h"
+#include "tst_SceneGraphSupport.h"
+
+#include "../../KlvExtender/src/SceneGraph/FieldBits.h"
+
+#include <KlvExtender/SceneGraph/SoFieldElements.h>
+#include <KlvExtender/SceneGraph/SoFieldText.h>
+
+#include <Inventor/SoPath.h>
+#include <Inventor/VRMLnodes/SoVRMLText.h>
+#include <Inventor/fields/SoFields.h>
+#include <Inventor/nodes/SoCube.h>
+#include <Inventor/nodes/SoMaterial.h>
+#include <Inventor/nodes/SoSeparator.h>
+
+#include <QRegularExpression>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+/// Gives enumerations and bit masks the names A to D for 1, 2, 4 and 8.
+void giveNames(SoField& field)
+{
+    const int values[] = {1, 2, 4, 8};
+    const SbName names[] = {"A", "B", "C", "D"};
+    if (field.isOfType(SoSFEnum::getClassTypeId()))
+        static_cast<SoSFEnum&>(field).setEnums(4, values, names);
+    if (field.isOfType(SoMFEnum::getClassTypeId()))
+        static_cast<SoMFEnum&>(field).setEnums(4, values, names);
+}
+
+std::unique_ptr<SoField> namedField(const QByteArray& type)
+{
+    auto field = newField(type.constData());
+    giveNames(*field);
+    return field;
+}
+
+std::unique_ptr<SoField> copyOf(const SoField& field)
+{
+    auto copy = newField(field.getTypeId().getName().getString());
+    copyFieldValue(*copy, field);
+    return copy;
+}
+
+/// The text of an element, without the indentation that changes from time to time.
+QByteArray elementText(SoMField& field, int index)
+{
+    return QByteArray(getElementText(&field, index).getString()).simplified();
+}
+
+/// A text that a field of the type takes and that is not what a new one prints; empty for triggers.
+QByteArray sampleText(const QByteArray& type)
+{
+    QList<QByteArray> candidates = {"\"C:\\dir\\\"",
+                                    "B",
+                                    "(A | C)",
+                                    "TRUE",
+                                    "FALSE",
+                                    "2 1 3\n0x10203 0xfffefd",
+                                    "1 2 1 4\n0xfffefdfc 0x1",
+                                    "Cube { width 3 }",
+                                    "Calculator { a 2 }"};
+    for (QByteArray numbers : {"3", "5", "0.6"})
+        for (int count = 0; count < 16; ++count, numbers += " 1")
+            candidates << numbers;
+    const ReadErrors errors;
+    for (const QByteArray& candidate : candidates) {
+        const auto field = namedField(type);
+        const QByteArray before = textOf(*field);
+        if (setFieldFromText(field.get(), candidate.constData()) && textOf(*field) != before)
+            return candidate;
+    }
+    return {};
+}
+
+} // namespace
+
+class tst_SceneGraphText : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(".*")); }
+
+    void printedTextIsTaken_data()
+    {
+        QTest::addColumn<QByteArray>("type");
+        for (const QByteArray& type : fieldTypes())
+            QTest::newRow(type.constData()) << type;
+    }
+
+    void printedTextIsTaken()
+    {
+        QFETCH(QByteArray, type);
+        const ReadErrors errors;
+        const auto field = namedField(type);
+        const auto other = namedField(type);
+        QVERIFY2(setFieldFromText(field.get(), textOf(*field).constData()), textOf(*field).constData());
+        QVERIFY(setFieldFromText(other.get(), textOf(*field).constData()));
+        const QByteArray sample = sampleText(type);
+        QCOMPARE(sample.isEmpty(), type == "SFTrigger");
+
+        QVERIFY(setFieldFromText(field.get(), sample.constData()));
+        const QByteArray printed = textOf(*field);
+        QVERIFY2(setFieldFromText(other.get(), printed.constData()), printed.constData());
+        QCOMPARE(textOf(*other), printed);
+        static const QRegularExpression inexact("(Node|Engine|Path|Rotation|Plane)$");
+        QVERIFY(inexact.match(type).hasMatch() || identicalFields(*field, *other));
+        if (!field->isOfType(SoMField::getClassTypeId()))
+            return;
+
+        auto& list = static_cast<SoMField&>(*other);
+        const QByteArray element = elementText(list, 0);
+        QVERIFY(setElementFromText(&list, 2, element.constData()));
+        QCOMPARE(elementText(list, 2), element);
+        const QByteArray three = textOf(list);
+        QVERIFY2(setFieldFromText(field.get(), three.constData()), three.constData());
+        QCOMPARE(static_cast<SoMField&>(*field).getNum(), 3);
+        QCOMPARE(textOf(*field), three);
+        QVERIFY(setFieldFromText(field.get(), "[ ]"));
+        QCOMPARE(static_cast<SoMField&>(*field).getNum(), 0);
+    }
+
+    void taken()
+    {
+        // clang-format off
+        const struct { const char* type; const char* text; const char* printed; } rows[] = {
+            {"SFFloat", " +.5 # half\n", "0.5"}, {"SFFloat", "1e-60", "0"}, {"SFFloat", "-inf", "-inf"},
+            {"SFFloat", "NaN", "nan"}, {"SFDouble", "1e+010", "10000000000"},
+            {"SFDouble", "1.797693134862316e+308", "1.797693134862316e+308"}, {"SFInt32", "-0x10", "-16"},
+            {"SFInt32", "-2147483648", "-2147483648"}, {"SFShort", "017", "15"}, {"SFUInt32", "4294967295", "0xffffffff"},
+            {"SFVec4ub", "255 0xff 0 1", "0xff 0xff 0x0 0x1"}, {"SFBool", "1", "TRUE"}, {"SFBool", "0", "FALSE"},
+            {"SFRotation", "0 0 0 0", "0 0 1  0"}, {"SFBitMask", "(A|C)", "(A | C)"}, {"SFBitMask", "()", "()"},
+            {"MFColorRGBA", "[ 0 0.25 0.5 1, 1 0 0 0.5 ]", "[ 0 0.25 0.5 1,\n    1 0 0 0.5 ]"},
+            {"MFFloat", "[1,2\n#three\n3,]", "[ 1, 2, 3 ]"}, {"MFEnum", "[ A, B ]", "[ A,\n    B ]"},
+            {"MFBitMask", "[ D, (A | B) ]", "[ D,\n    (A | B) ]"}, {"SFString", "word", "\"word\""},
+            {"MFString", "[ one two, \"th ree\" ]", "[ \"one\",\n    \"two\",\n    \"th ree\" ]"},
+            {"SFImage", "0 0 0", "0 0 0\n"}, {"SFNode", "#Inventor V2.1 ascii\n NULL", "NULL"}};
+        // clang-format on
+        for (const auto& row : rows) {
+            const auto field = namedField(row.type);
+            QVERIFY2(setFieldFromText(field.get(), row.text), row.text);
+            QCOMPARE(textOf(*field), QByteArray(row.printed));
+        }
+    }
+
+    void refused_data()
+    {
+        QTest::addColumn<QByteArray>("type");
+        QTest::addColumn<QByteArrayList>("texts");
+        const auto row = [](const char* type, const QByteArrayList& texts) {
+            QTest::newRow(type) << QByteArray(type) << texts;
+        };
+        row("SFFloat", {"", " # 1", "abc", "2.5abc", "2.5 3", "1,5", "1e39", "-1e39", "--1", "+-1", "1e",
+                        "0x1p3", "[ 1 ]"});
+        row("SFDouble", {"1e400", "1.8e308"});
+        row("SFInt32", {"3.7", "2147483648", "99999999999", "1e3", "08", "0x", "0xffffffff"});
+        row("SFShort", {"32768", "-32769"});
+        row("SFUInt32", {"-1", "4294967296"});
+        row("SFVec4ub", {"256 0 0 0", "-1 0 0 0"});
+        row("SFVec3f", {"1 2", "1 2 x", "1 2 3 4", "1, 2, 3"});
+        row("SFMatrix", {"1 0 0 0 0 1 0 0 0 0 1 0 0 0 0", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 7"});
+        row("SFBool", {"2", "true", "TRUE FALSE", "-1"});
+        row("SFEnum", {"E", "a", "1", "A B", ""});
+        row("SFBitMask", {"(A | E)", "(A", "A | B", "(A B)", "E"});
+        row("SFString", {"", "\"abc", "\"a\" \"b\"", "two words", "\"a\" b"});
+        row("MFFloat", {"[ 1, 2", "[ 1,, 2 ]", "[ , ]", "1 2", "[ 1, x, 3 ]", "[ 1 ] 2", "1 ]", "[ [ 1 ] ]"});
+        row("MFString", {"[ \"a\", \"b ]", "[ \"a\" \"b\"", "[ \"a\"b ]"});
+        row("MFEnum", {"[ A, E ]"});
+        row("SFImage", {"2 2 1\n0x1 0x2 0x3", "1 1 1\n0x100", "-1 1 1", "1 1 5\n0x1", "100000 100000 4",
+                        "32000 32000 4\n0x1", "1 1 1\n0x1 0x2"});
+        row("SFImage3", {"2000 2000 2000 4\n0x1", "1 1 1 1"});
+        row("SFNode", {"", "Cube", "Cube {", "Cube { width abc }", "Cube { } Sphere { }", "NULL x",
+                       "Calculator { }", "USE no"});
+        row("SFEngine", {"Cube { }", "Calculator { a x }"});
+        row("SFPath", {"Cube {", "Calculator { }"});
+        row("MFNode", {"[ Cube { }, Cone { height x } ]", "[ Cube { }", "[ NULL, ]  NULL"});
+        row("SFTrigger", {"now"});
+    }
+
+    void refused()
+    {
+        QFETCH(QByteArray, type);
+        QFETCH(QByteArrayList, texts);
+        const auto field = namedField(type);
+        QVERIFY(setFieldFromText(field.get(), sampleText(type).constData()));
+        const auto copy = copyOf(*field);
+        for (const QByteArray& text : texts) {
+            for (const SbBool flag : {TRUE, FALSE}) {
+                field->setIgnored(flag);
+                field->setDefault(flag);
+                const ReadErrors errors;
+                const Notifications notifications(*field);
+                QVERIFY2(!setFieldFromText(field.get(), text.constData()), text.constData());
+                QVERIFY(identicalFields(*field, *copy));
+                QVERIFY(field->isDefault() == flag && field->isIgnored() == flag);
+                QCOMPARE(errors.messages.size(), 1);
+                QCOMPARE(notifications.count, 0);
+            }
+        }
+    }
+
+    void unchangedTextChangesNothing_data()
+    {
+        QTest::addColumn<std::shared_ptr<SoField>>("field");
+        const auto row = [](const char* name, auto field, auto value) {
+            giveNames(*field);
+            if constexpr (requires { field->set1Value(1, value); }) {
+                field->set1Value(0, value);
+                field->set1Value(1, value);
+            } else {
+                field->setValue(value);
+            }
+            QTest::newRow(name) << std::shared_ptr<SoField>(field);
+        };
+        row("float", new SoSFFloat, 0.1f + 0.2f);
+        row("double", new SoSFDouble, 0.1 + 0.2);
+        row("nan", new SoSFDouble, std::copysign(std::nan("77"), -1.0));
+        row("time", new SoSFTime, SbTime(1.1e9 / 7));
+        row("rotation", new SoSFRotation, SbRotation(SbVec3f(1, 2, 3), 2.1f));
+        row("rotations", new SoMFRotation, SbRotation(SbVec3f(-3, 0.1f, 2), 0.7f));
+        row("plane", new SoSFPlane, SbPlane(SbVec3f(1, 2, 3), 0.7f));
+        row("truth", new SoSFBool, 2);
+        row("enumeration", new SoSFEnum, 77);
+        row("enumerations", new SoMFEnum, 77);
+        row("mask", new SoSFBitMask, 0x33);
+        row("masks", new SoMFBitMask, 0x33);
+        row("nodes", new SoMFNode, static_cast<SoNode*>(new SoCube));
+        row("path", new SoSFPath, new SoPath(new SoCube));
+    }
+
+    void unchangedTextChangesNothing()
+    {
+        QFETCH(std::shared_ptr<SoField>, field);
+        const auto copy = copyOf(*field);
+        const Notifications notifications(*field);
+        QVERIFY(setFieldFromText(field.get(), textOf(*field).constData()));
+        QVERIFY(identicalFields(*field, *copy));
+        QCOMPARE(notifications.count, 1);
+        if (field->isOfType(SoMField::getClassTypeId())) {
+            auto* list = static_cast<SoMField*>(field.get());
+            QVERIFY(setElementFromText(list, 1, getElementText(list, 1)));
+            QVERIFY(identicalFields(*field, *copy));
+            QCOMPARE(notifications.count, 2);
+        }
+    }
+
+    void strings()
+    {
+        // Nodes of the VRML97 family print backslashes otherwise.
+        auto* node = new SoVRMLText;
+        node->ref();
+        SoMFString single;
+        const char* const strings[] = {"",
+                                       "plain",
+                                       "\"",
+                                       "\\",
+                                       "\\\\",
+                                       "a\\",
+                                       "a\"",
+                                       "\\\"",
+                                       "\"\\",
+                                       "\\\\\"",
+                                       "a\nb\tc\r",
+                                       "# no comment",
+                                       "[ x ]",
+                                       ", \"",
+                                       "\" ]",
+                                       "\\\", \"",
+                                       "\xc3\xa9\xf0\x9f\x98\x80",
+                                       "\xff\x80 \xc3",
+                                       "  ",
+                                       "\"C:\\dir\\"};
+        for (const char* string : strings) {
+            SoSFString field;
+            SoSFName name;
+            field.setValue(string);
+            QVERIFY2(setFieldFromText(&name, textOf(field).constData()), string);
+            QVERIFY2(setFieldFromText(&field, textOf(name).constData()), string);
+            QVERIFY2(name.getValue() == string && field.getValue() == string, string);
+            for (SoMFString* list : {&node->string, &single}) {
+                list->set1Value(0, "a\\");
+                list->set1Value(1, string);
+                list->set1Value(2, "b\"");
+                const auto copy = copyOf(*list);
+                const QByteArray printed = textOf(*list);
+                list->setNum(0);
+                QVERIFY2(setFieldFromText(list, printed.constData()), printed.constData());
+                QVERIFY2(identicalFields(*list, *copy), (printed + " became " + textOf(*list)).constData());
+                QVERIFY(setElementFromText(list, 0, getElementText(list, 1)));
+                QVERIFY2((*list)[0] == string, string);
+            }
+        }
+        node->unref();
+    }
+
+    void stringLists()
+    {
+        // Lists whose printed form can be read in several ways up to some point.
+        const QByteArrayList lists[] = {{"a\", ", "b"},        {"a\\", "b"},        {"a\",\n  ", "b"},
+                                        {"x\\", "\\", "\\"},   {"a\", \"b", "c\\"}, {"\" ]", "\\"},
+                                        {"\", ", "\", ", "\\"}};
+        for (const QByteArrayList& strings : lists) {
+            SoMFString field;
+            SoMFString other;
+            for (int i = 0; i < strings.size(); ++i)
+                field.set1Value(i, strings[i].constData());
+            QVERIFY2(setFieldFromText(&other, textOf(field).constData()), textOf(field).constData());
+            QVERIFY2(identicalFields(field, other), (textOf(field) + " became " + textOf(other)).constData());
+        }
+        // Thousands of doubtful ends before the error at the end take no more than a moment.
+        const QByteArray broken = "[ " + QByteArray("\"a\\\", ").repeated(20000) + "\"b";
+        const ReadErrors errors;
+        SoMFString field;
+        QVERIFY(!setFieldFromText(&field, broken.constData()));
+    }
+
+    void references()
+    {
+        auto* cube = new SoCube;
+        cube->ref();
+        SoMFNode nodes;
+        for (int i = 0; i < 6; ++i)
+            nodes.set1Value(i, cube);
+        nodes.set1Value(3, nullptr);
+        const int references = cube->getRefCount();
+        {
+            const ReadErrors errors;
+            QVERIFY(!setFieldFromText(&nodes, "[ DEF junk Cube { }, DEF junk Cube { width x } ]"));
+            QVERIFY(!setElementFromText(&nodes, 0, "DEF junk Cube { } Cube { }"));
+            QVERIFY(!SoNode::getByName("junk"));
+            QCOMPARE(cube->getRefCount(), references);
+        }
+        QVERIFY(setElementFromText(&nodes, 1, "NULL"));
+        QVERIFY(setFieldFromText(&nodes, "[ NULL, DEF kept Cube { width 5 }, USE kept ]"));
+        QVERIFY(nodes.getNum() == 3 && !nodes[0] && nodes[1] == nodes[2]);
+        QCOMPARE(static_cast<SoCube*>(nodes[1])->width.getValue(), 5.0f);
+        QCOMPARE(cube->getRefCount(), 1);
+        cube->unref();
+    }
+
+    void paths()
+    {
+        auto* root = new SoSeparator;
+        auto* group = new SoSeparator;
+        root->addChild(new SoMaterial);
+        root->addChild(group);
+        group->addChild(new SoCube);
+        SoMFPath field;
+        SoMFPath other;
+        field.set1Value(0, new SoPath(root));
+        field[0]->append(1);
+        field[0]->append(0);
+        QVERIFY(setFieldFromText(&other, textOf(field).constData()));
+        QCOMPARE(other[0]->getLength(), 3);
+        QVERIFY(other[0]->getTail()->isOfType(SoCube::getClassTypeId()));
+        QVERIFY(setElementFromText(&other, 8, "Path { Group { Cube { } Cone { } Cube { } } 1 1 }"));
+        QCOMPARE(other[8]->getIndex(1), 1);
+        QVERIFY(!other[7]);
+    }
+
+    void refusedElements()
+    {
+        const char* rows[][2] = {{"MFFloat", "[ 1 ]"},   {"MFFloat", "1, 2"},
+                                 {"MFInt32", "2.5"},     {"MFVec3f", "1 2"},
+                                 {"MFEnum", "E"},        {"MFBitMask", "(A | B) x"},
+                                 {"MFBool", "\"\""},     {"MFString", "\"a\", \"b\""},
+                                 {"MFNode", "[ NULL ]"}, {"MFNode", "Cube { width x }"},
+                                 {"MFPath", ""}};
+        for (const auto& [type, text] : rows) {
+            const auto field = namedField(type);
+            auto* list = static_cast<SoMField*>(field.get());
+            const QByteArray sample = sampleText(type);
+            for (int i = 0; i < 3; ++i)
+                QVERIFY(setElementFromText(list, i, sample.constData()));
+            const auto copy = copyOf(*field);
+            field->setDefault(TRUE);
+            const ReadErrors errors;
+            const Notifications notifications(*field);
+            for (const int index : {1, 3, 1000})
+                QVERIFY2(!setElementFromText(list, index, text), text);
+            QCOMPARE(errors.messages.size(), 3);
+            QVERIFY(!setElementFromText(list, -1, sample.constData()));
+            QVERIFY(!setElementFromText(list, std::numeric_limits<int>::max(), sample.constData()));
+            QVERIFY(identicalFields(*field, *copy));
+            QCOMPARE(notifications.count, 0);
+            QVERIFY(field->isDefault());
+        }
+    }
+
+    void elementsBeyondTheEnd()
+    {
+        for (const QByteArray& type : fieldTypes()) {
+            const auto field = namedField(type);
+            if (!field->isOfType(SoMField::getClassTypeId()))
+                continue;
+            auto* list = static_cast<SoMField*>(field.get());
+            // Memory that was used before must not show through.
+            const QByteArray sample = sampleText(type);
+            for (int i = 0; i < 40; ++i)
+                QVERIFY(setElementFromText(list, i, sample.constData()));
+            list->setNum(33);
+            const Notifications notifications(*field);
+            QVERIFY(setElementFromText(list, 36, sample.constData()));
+            QCOMPARE(notifications.count, 1);
+            QCOMPARE(list->getNum(), 37);
+            insertElements(list, 0, 1);
+            QCOMPARE(notifications.count, 2);
+            const QByteArray neutral = elementText(*list, 0);
+            for (const int index : {34, 35, 36})
+                QCOMPARE(elementText(*list, index), neutral);
+            QCOMPARE(elementText(*list, 37), elementText(*list, 33));
+            QVERIFY2(setElementFromText(list, 0, neutral.constData()), neutral.constData());
+        }
+    }
+
+    void notificationAndConnection()
+    {
+        auto* material = new SoMaterial;
+        material->ref();
+        SoMFColor& field = material->diffuseColor;
+        const Notifications notifications(field);
+        QVERIFY(setFieldFromText(&field, "[ 1 0 0, 0 1 0, 0 0 1 ]"));
+        QCOMPARE(notifications.count, 1);
+        QVERIFY(!field.isDefault());
+        QVERIFY(setFieldFromText(&field, "1 0 0"));
+        QVERIFY(setElementFromText(&field, 0, "0 0 1"));
+        QCOMPARE(notifications.count, 3);
+
+        field.enableNotify(FALSE);
+        field.setDefault(TRUE);
+        QVERIFY(setFieldFromText(&field, "0 0 0"));
+        QCOMPARE(notifications.count, 3);
+        QVERIFY(!field.isNotifyEnabled() && !field.isDefault());
+        material->unref();
+
+        SoSFFloat source;
+        SoMFFloat slave;
+        slave.connectFrom(&source);
+        QVERIFY(setFieldFromText(&slave, "[ 5, 6 ]"));
+        QVERIFY(slave.isConnected() && slave[1] == 6.0f);
+        source.setValue(3);
+        QCOMPARE(slave[0], 3.0f);
+    }
+
+    void messages()
+    {
+        auto* material = new SoMaterial;
+        material->ref();
+        material->setName("Gold");
+        ReadErrors errors;
+        QVERIFY(!setFieldFromText(&material->transparency, "ab\nc"));
+        QVERIFY(!setElementFromText(&material->diffuseColor, 3, QByteArray(5000, '%').constData()));
+        material->unref();
+        SoSFNode node;
+        QVERIFY(!setFieldFromText(&node, "Cube { width x }"));
+        QVERIFY(!setFieldFromText(nullptr, "1"));
+        QVERIFY(!setElementFromText(nullptr, 0, "1"));
+        const QStringList expected = {
+            "Coin read error: field \"transparency\" of Material \"Gold\" does not take \"ab\\nc\"",
+            QString("Coin read error: element 3 of field \"diffuseColor\" of Material \"Gold\" does not take "
+                    "\"%1\u2026\"")
+                .arg(QString(60, '%')),
+            "Coin read error: a field of type SFNode does not take \"Cube { width x }\""};
+        QCOMPARE(errors.messages, expected);
+    }
+};
+
+KLV_TEST_MAIN(tst_SceneGraphText)
+#include "tst_SceneGraphText.moc"

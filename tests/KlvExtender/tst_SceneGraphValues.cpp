@@ -1,0 +1,254 @@
+#include "TestMain.h"
+#include "tst_SceneGraphSupport.h"
+
+#include "../../KlvExtender/src/SceneGraph/FieldBits.h"
+
+#include <KlvExtender/SceneGraph/SbStringText.h>
+#include <KlvExtender/SceneGraph/SoErrorStack.h>
+#include <KlvExtender/SceneGraph/SoFieldElements.h>
+#include <KlvExtender/SceneGraph/SoGLError.h>
+#include <KlvExtender/SceneGraph/SoPreferences.h>
+#include <KlvExtender/SceneGraph/SoTypedObject.h>
+
+#include <Inventor/SoPath.h>
+#include <Inventor/fields/SoFields.h>
+#include <Inventor/nodes/SoCube.h>
+
+#include <QRegularExpression>
+
+#include <cmath>
+#include <limits>
+#include <numeric>
+
+namespace {
+
+/// What the handler of a class gets to hear of a report.
+template <class Error>
+QByteArray posted(const char* text)
+{
+    QByteArray heard;
+    SoErrorCB* handler = Error::getHandlerCallback();
+    const auto hear = [](const SoError* error, void* heard) {
+        if (error->getTypeId() == Error::getClassTypeId() && error->isOfType(SoError::getClassTypeId()))
+            *static_cast<QByteArray*>(heard) += error->getDebugString().getString();
+    };
+    Error::setHandlerCallback(hear, &heard);
+    Error::post("[%s]", text);
+    Error::setHandlerCallback(handler, nullptr);
+    return heard;
+}
+
+} // namespace
+
+/// Comparing and copying fields, their elements, and the small types beside them.
+class tst_SceneGraphValues : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(".*")); }
+
+    void identity()
+    {
+        const float nan = std::numeric_limits<float>::quiet_NaN();
+        SoMFVec3f a;
+        SoMFVec3f b;
+        QVERIFY(identicalFields(a, b));
+        a.set1Value(1, nan, 0, 1);
+        QVERIFY(!identicalFields(a, b));
+        copyFieldValue(b, a);
+        QVERIFY(identicalFields(a, b));
+        b.set1Value(1, nan, -0.0f, 1);
+        QVERIFY(!identicalFields(a, b));
+        QVERIFY(!identicalFields(SoSFShort(), SoSFUShort()));
+
+        // A field that is behind its connection is brought up to date.
+        SoSFImage source;
+        SoSFImage slave;
+        SoSFImage expected;
+        slave.connectFrom(&source);
+        const unsigned char pixel = 7;
+        source.setValue(SbVec2s(1, 1), 1, &pixel);
+        expected.setValue(SbVec2s(1, 1), 1, &pixel);
+        QVERIFY(identicalFields(slave, expected));
+    }
+
+    void byteSize()
+    {
+        SoMFVec3f vectors;
+        vectors.setNum(1000);
+        QVERIFY(fieldByteSize(vectors) >= 12000 && fieldByteSize(vectors) < 13000);
+        const std::vector<unsigned char> pixels(30 * 40 * 3);
+        SoSFImage image;
+        image.setValue(SbVec2s(30, 40), 3, pixels.data());
+        QVERIFY(fieldByteSize(image) >= pixels.size() && fieldByteSize(image) < pixels.size() + 1000);
+    }
+
+    void copies()
+    {
+        auto* cube = new SoCube;
+        cube->ref();
+        {
+            SoMFNode shorter;
+            SoMFNode nodes;
+            shorter.set1Value(0, nullptr);
+            for (int i = 0; i < 30; ++i)
+                nodes.set1Value(i, cube);
+            const Notifications notifications(nodes);
+            copyFieldValue(nodes, shorter);
+            QCOMPARE(nodes.getNum(), 1);
+            QCOMPARE(notifications.count, 1);
+            QCOMPARE(cube->getRefCount(), 1);
+
+            SoMFPath paths;
+            SoMFPath copy;
+            for (int i = 0; i < 30; ++i)
+                paths.set1Value(i, new SoPath(cube));
+            copyFieldValue(copy, paths);
+            copyFieldValue(copy, paths);
+            QVERIFY(identicalFields(copy, paths));
+        }
+        QCOMPARE(cube->getRefCount(), 1);
+        cube->unref();
+
+        // An enumeration keeps its own table.
+        const int values[] = {3, 4};
+        const SbName names[] = {"THREE", "FOUR"};
+        SoSFEnum named;
+        SoSFEnum unnamed;
+        named.setEnums(2, values, names);
+        unnamed.setValue(4);
+        copyFieldValue(named, unnamed);
+        QCOMPARE(textOf(named), QByteArray("FOUR"));
+    }
+
+    void insertion()
+    {
+        SoMFInt32 field;
+        const int32_t numbers[] = {1, 2, 3};
+        field.setValues(0, 3, numbers);
+        const Notifications notifications(field);
+        insertElements(&field, 1, 2);
+        QCOMPARE(textOf(field), QByteArray("[ 1, 0, 0, 2, 3 ]"));
+        insertElements(&field, 7, 1);
+        QCOMPARE(textOf(field), QByteArray("[ 1, 0, 0, 2, 3, 0, 0, 0 ]"));
+        QCOMPARE(notifications.count, 2);
+        insertElements(&field, -1, 1);
+        insertElements(&field, 0, 0);
+        insertElements(&field, 0, -3);
+        insertElements(nullptr, 0, 1);
+        QCOMPARE(notifications.count, 2);
+
+        int refusals = 0;
+        SoErrorCB* handler = SoDebugError::getHandlerCallback();
+        SoDebugError::setHandlerCallback([](const SoError*, void* count) { ++*static_cast<int*>(count); },
+                                         &refusals);
+        insertElements(&field, std::numeric_limits<int>::max(), 1);
+        insertElements(&field, 0, std::numeric_limits<int>::max());
+        SoDebugError::setHandlerCallback(handler, nullptr);
+        QCOMPARE(refusals, 2);
+        QCOMPARE(field.getNum(), 8);
+    }
+
+    void deletion()
+    {
+        const QByteArray all = "[ 1, 2, 3 ]";
+        constexpr int many = std::numeric_limits<int>::max();
+        const std::tuple<int, int, QByteArray> rows[] = {
+            {1, 1, "[ 1, 3 ]"}, {2, 9, "[ 1, 2 ]"}, {0, 3, "[  ]"}, {0, many, "[  ]"},
+            {3, 1, all},        {9, 1, all},        {-1, 2, all},   {1, -1, all}};
+        for (const auto& [start, count, left] : rows) {
+            SoMFInt32 field;
+            const int32_t numbers[] = {1, 2, 3};
+            field.setValues(0, 3, numbers);
+            const Notifications notifications(field);
+            deleteElements(&field, start, count);
+            QCOMPARE(textOf(field), left);
+            QCOMPARE(notifications.count, left == all ? 0 : 1);
+        }
+        deleteElements(nullptr, 0, 1);
+        SoMFInt32 field;
+        field.setValue(4);
+        for (const int index : {-1, 1, 1000000})
+            QCOMPARE(getElementText(&field, index).getLength(), 0);
+        QCOMPARE(getElementText(nullptr, 0).getLength(), 0);
+        const Notifications notifications(field);
+        valueChanged(&field, 0, 0, TRUE);
+        valueChanged(&field, 2, 5, FALSE);
+        valueChanged(nullptr, 0, 0, TRUE);
+        QCOMPARE(notifications.count, 2);
+    }
+
+    void utf16()
+    {
+        const auto units = [](std::initializer_list<char16_t> list) {
+            return QString::fromUtf16(std::data(list), qsizetype(list.size()));
+        };
+        const QPair<QByteArray, QString> rows[] = {
+            {"plain \"text\"\n", "plain \"text\"\n"},
+            {"\xef\xbb\xbf", QString(QChar(0xfeff))},
+            {"\xc3\xa9\xe2\x82\xac\xf0\x9f\x98\x80", QString::fromUcs4(U"\u00e9\u20ac\U0001f600")},
+            {"\x80\xff", units({0xdc80, 0xdcff})},
+            {"\xc3", units({0xdcc3})},
+            {"\xe0\x80\x80", units({0xdce0, 0xdc80, 0xdc80})},
+            {"\xed\xb2\x80", units({0xdced, 0xdcb2, 0xdc80})},
+            {"\xf4\x90\x80\x80", units({0xdcf4, 0xdc90, 0xdc80, 0xdc80})},
+            {"\xf0\x9f\x98-", units({0xdcf0, 0xdc9f, 0xdc98, 0x2d})}};
+        for (const auto& [bytes, text] : rows) {
+            QCOMPARE(toUtf16(bytes.constData()), text);
+            QCOMPARE(QByteArray(fromUtf16(text).getString()), bytes);
+        }
+    }
+
+    void latin1()
+    {
+        QCOMPARE(toLatin1("\xc3\xa9\xe2\x82\xac"), QByteArray("\xe9?"));
+        QCOMPARE(QByteArray(fromLatin1("\xe9").getString()), QByteArray("\xc3\xa9"));
+        QCOMPARE(QByteArray(fromUtf16(QString::fromUtf16(u"a\0b\xd800", 4)).getString()), QByteArray("ab?"));
+        SbString string("text");
+        makeNull(string);
+        QCOMPARE(string.getLength(), 0);
+    }
+
+    void preferences()
+    {
+        const char* name = "KELVOR_TEST_PREFERENCE";
+        const auto get = [&](SbBool defaultValue) { return SoPreferences::getBool(name, defaultValue); };
+        QVERIFY(get(TRUE) && !get(FALSE));
+        qputenv(name, "");
+        QVERIFY(get(TRUE) && !get(FALSE));
+        for (const char* no : {"0", "false", "No", "OFF"}) {
+            qputenv(name, no);
+            QVERIFY2(!get(TRUE) && !get(FALSE), no);
+        }
+        for (const char* yes : {"1", "TRUE", "on", "00"}) {
+            qputenv(name, yes);
+            QVERIFY2(get(TRUE) && get(FALSE), yes);
+        }
+        qunsetenv(name);
+    }
+
+    void errorClasses()
+    {
+        QVERIFY(SoGLError::getHandlerCallback() == SoReadError::getHandlerCallback());
+        QVERIFY(SoGLError::getClassTypeId() != SoErrorStack::getClassTypeId());
+        const QByteArray text(100000, '%');
+        QCOMPARE(posted<SoErrorStack>(text.constData()), "Coin error stack: [" + text + "]");
+        QCOMPARE(posted<SoGLError>(text.constData()), "OpenGL error: [" + text + "]");
+    }
+
+    void typedObject()
+    {
+        auto* cube = new SoCube;
+        cube->ref();
+        const SoTypedObject field(&cube->width);
+        QVERIFY(SoTypedObject(static_cast<SoField*>(nullptr)).isNull() &&
+                SoTypedObject().getTypeId().isBad());
+        QVERIFY(field.getTypeId() == SoSFFloat::getClassTypeId() && !field.toFieldContainer());
+        QVERIFY(SoTypedObject(cube).getTypeId() == SoCube::getClassTypeId());
+        cube->unref();
+    }
+};
+
+KLV_TEST_MAIN(tst_SceneGraphValues)
+#include "tst_SceneGraphValues.moc"
