@@ -54,7 +54,7 @@ private:
 
 void tst_ModelsPanels::init()
 {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral(".*")));
+    QTest::failOnWarning(unexpectedWarnings());
     m_root = new SoSeparator;
     m_root->ref();
     m_left = new SoGroup;

@@ -1,16 +1,15 @@
+#include "Scene/SceneWriter.h"
 #include "Scene/SensorPump.h"
 #include "TestMain.h"
 #include "View/SceneView.h"
 
 #include <Inventor/SoInput.h>
-#include <Inventor/SoOutput.h>
-#include <Inventor/actions/SoWriteAction.h>
-#include <Inventor/fields/SoSFVec3f.h>
 #include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoTranslation.h>
 
 #include <QAction>
-#include <QMainWindow>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QWheelEvent>
 
 #include <functional>
@@ -19,15 +18,15 @@ namespace {
 
 const char* const redCube = "Separator { Material { diffuseColor 1 0 0 } Cube {} }";
 // The green cube comes later in the graph, but stands behind the red one.
-const char* const cubes = "Separator { BaseColor { rgb 1 0 0 } DEF Front Cube {}"
+const char* const cubes = "Separator { BaseColor { rgb 1 0 0 } Cube {}"
                           " Translation { translation 0.5 0.5 -4 } BaseColor { rgb 0 1 0 } Cube {} }";
 const char* const smallCubes =
     "Separator { Separator { Material { diffuseColor 1 0 0 } Cube { width 0.1 height 0.1 depth 0.1 } }"
-    " Translation { translation 1 1 1 } Sphere { radius 0.1 } Translation { translation -2 -2 -2 } Sphere { radius 0.1 } }";
-const char* const withCamera =
-    "Separator { RotationXYZ { axis Y angle 0.7 } Scale { scaleFactor 2 2 2 } Translation { translation 1 2 3 }"
-    " Separator { DEF Cam PerspectiveCamera { position 0 0 5 heightAngle 0.6 }"
-    " Material { diffuseColor 1 0 0 } Cube {} } }";
+    " PointSet { vertexProperty VertexProperty { vertex [ 1 1 1, -1 -1 -1 ] } } }";
+const char* const withCamera = "Separator { RotationXYZ { axis Y angle 0.7 } Scale { scaleFactor 2 2 2 } "
+                               "Translation { translation 1 2 3 }"
+                               " Separator { DEF Cam PerspectiveCamera { position 0 0 5 heightAngle 0.6 }"
+                               " Material { diffuseColor 1 0 0 } Cube {} } }";
 
 SoSeparator* sceneOf(const QByteArray& text)
 {
@@ -39,15 +38,11 @@ SoSeparator* sceneOf(const QByteArray& text)
 
 QByteArray textOf(SoNode* root)
 {
-    SoOutput output;
-    output.setBuffer(std::malloc(1024), 1024, std::realloc);
-    SoWriteAction(&output).apply(root);
-    void* text = nullptr;
-    size_t size = 0;
-    output.getBuffer(text, size);
-    const QByteArray copy(static_cast<const char*>(text), qsizetype(size));
-    std::free(text);
-    return copy;
+    const QTemporaryDir folder;
+    QFile file(folder.filePath("scene.iv"));
+    return SceneWriter::write(*root, file.fileName()).isEmpty() && file.open(QIODevice::ReadOnly)
+               ? file.readAll()
+               : QByteArray();
 }
 
 bool isRed(QRgb pixel)
@@ -58,44 +53,31 @@ bool isRed(QRgb pixel)
 QRect redIn(const QImage& image)
 {
     QRect red;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (isRed(image.pixel(x, y)))
-                red |= QRect(x, y, 1, 1);
+    for (int i = 0; i < image.width() * image.height(); ++i)
+        if (isRed(image.pixel(i % image.width(), i / image.width())))
+            red |= QRect(i % image.width(), i / image.width(), 1, 1);
     return red;
-}
-
-/// Mean difference of the channels of two pictures of one size.
-double difference(const QImage& a, const QImage& b)
-{
-    qint64 sum = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int i = 0; i < 4 * a.width(); ++i)
-            sum += std::abs(a.constScanLine(y)[i] - b.constScanLine(y)[i]);
-    return double(sum) / (4.0 * a.width() * a.height());
 }
 
 } // namespace
 
-using Action = std::function<void(SceneView&)>;
+using Action = std::function<void()>;
 
 class tst_SceneView : public QObject
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { QTest::failOnWarning(QRegularExpression(".*")); }
     void cleanup();
     void drawsWhatIsInFront();
     void navigates_data();
     void navigates();
     void pansWithThePointer();
     void looksThroughTheScenesCamera();
-    void continuesFromTheScenesCamera();
     void clipsAsTheCameraSays();
     void drawsOnlyWhenNeeded();
     void survivesItsSurroundings();
-    void survivesOddScenes_data();
     void survivesOddScenes();
 
 private:
@@ -103,32 +85,23 @@ private:
     void drag(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint from, QPoint to);
     QImage picture() { return m_view->grabFrame(); }
 
-    std::unique_ptr<SensorPump> m_pump;
+    SensorPump m_pump;
     std::unique_ptr<SceneView> m_view;
     SoSeparator* m_root = nullptr;
 };
 
-void tst_SceneView::init()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-    m_pump = std::make_unique<SensorPump>();
-    m_view = std::make_unique<SceneView>();
-    m_view->resize(400, 300);
-    QVERIFY(m_view->canDraw());
-}
-
 void tst_SceneView::cleanup()
 {
     m_view.reset();
-    if (m_root) {
-        QCOMPARE(m_root->getRefCount(), 1);
-        m_root->unref();
-    }
-    m_root = nullptr;
+    QCOMPARE(m_root->getRefCount(), 1);
+    m_root->unref();
 }
 
 void tst_SceneView::show(const char* scene)
 {
+    m_view = std::make_unique<SceneView>();
+    m_view->resize(400, 300);
+    QVERIFY(m_view->canDraw());
     m_root = sceneOf(scene);
     m_root->ref();
     QSignalSpy first(m_view.get(), &SceneView::firstFrameDrawn);
@@ -143,8 +116,7 @@ void tst_SceneView::show(const char* scene)
 void tst_SceneView::drag(Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint from, QPoint to)
 {
     QTest::mousePress(m_view.get(), button, modifiers, from);
-    for (int step = 1; step <= 10; ++step) {
-        const QPointF at = from + (to - from) * step / 10.0;
+    for (const QPointF at : {QPointF(from + (to - from) / 2), QPointF(to)}) {
         QMouseEvent move(QEvent::MouseMove, at, m_view->mapToGlobal(at), Qt::NoButton, button, modifiers);
         QApplication::sendEvent(m_view.get(), &move);
     }
@@ -154,15 +126,10 @@ void tst_SceneView::drag(Qt::MouseButton button, Qt::KeyboardModifiers modifiers
 void tst_SceneView::drawsWhatIsInFront()
 {
     show(cubes);
-    QCOMPARE(m_view->root(), m_root);
     QVERIFY(!m_view->lookThroughSceneCameraAction()->isEnabled());
-    m_view->viewAllAction()->trigger();
     const QImage image = picture();
-    QCOMPARE(image.size(), m_view->size() * m_view->devicePixelRatioF());
     const QRect red = redIn(image);
-    QVERIFY(isRed(image.pixel(red.center())));
-    QVERIFY(red.width() > 50 && red.width() < 300);
-    QVERIFY(!isRed(image.pixel(2, 2)));
+    QVERIFY(isRed(image.pixel(red.center())) && red.width() > 50 && red.width() < 300);
     // Shown on the screen as it is, apart from the frame of the focus.
     const QImage shown = m_view->grab().toImage().convertToFormat(QImage::Format_RGB32);
     QCOMPARE(shown.copy(4, 4, 300, 200), image.copy(4, 4, 300, 200));
@@ -173,33 +140,24 @@ void tst_SceneView::navigates_data()
 {
     QTest::addColumn<Action>("action");
     const auto dragBy = [this](Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
-        return Action([=, this](SceneView&) { drag(button, modifiers, {200, 150}, {230, 190}); });
-    };
-    const auto press = [](int key) { return Action([=](SceneView& view) { QTest::keyClick(&view, Qt::Key(key)); }); };
-    const auto wheel = [](int delta) {
-        return Action([=](SceneView& view) {
-            QWheelEvent event({150, 100}, view.mapToGlobal(QPointF(150, 100)), {}, {0, delta}, Qt::NoButton,
-                              Qt::NoModifier, Qt::NoScrollPhase, false);
-            QApplication::sendEvent(&view, &event);
-        });
-    };
-    const auto trigger = [](QAction* (SceneView::*action)() const) {
-        return Action([=](SceneView& view) { (view.*action)()->trigger(); });
+        return Action([=, this] { drag(button, modifiers, {200, 150}, {230, 190}); });
     };
     QTest::newRow("orbit") << dragBy(Qt::LeftButton, Qt::NoModifier);
-    QTest::newRow("pan") << dragBy(Qt::MiddleButton, Qt::NoModifier);
-    QTest::newRow("pan, shift") << dragBy(Qt::LeftButton, Qt::ShiftModifier);
+    QTest::newRow("pan") << dragBy(Qt::LeftButton, Qt::ShiftModifier);
     QTest::newRow("dolly") << dragBy(Qt::RightButton, Qt::NoModifier);
-    QTest::newRow("dolly, ctrl") << dragBy(Qt::LeftButton, Qt::ControlModifier);
-    QTest::newRow("wheel in") << wheel(120);
-    QTest::newRow("wheel out") << wheel(-240);
-    QTest::newRow("seek") << Action([](SceneView& view) {
-        QTest::mouseDClick(&view, Qt::LeftButton, {}, QPoint(200, 150));
+    QTest::newRow("wheel") << Action([this] {
+        QWheelEvent event({150, 100}, m_view->mapToGlobal(QPointF(150, 100)), {}, {0, 120}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(m_view.get(), &event);
     });
-    for (const int key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Home, Qt::Key_A})
-        QTest::newRow(qPrintable(QKeySequence(key).toString())) << press(key);
-    QTest::newRow("headlight") << trigger(&SceneView::headlightAction);
-    QTest::newRow("orthographic") << trigger(&SceneView::orthographicAction);
+    QTest::newRow("seek") << Action([this] {
+        QTest::mouseDClick(m_view.get(), Qt::LeftButton, {}, {200, 150});
+    });
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Home, Qt::Key_A})
+        QTest::newRow(qPrintable(QKeySequence(key).toString()))
+            << Action([=, this] { QTest::keyClick(m_view.get(), key); });
+    QTest::newRow("headlight") << Action([this] { m_view->headlightAction()->trigger(); });
+    QTest::newRow("orthographic") << Action([this] { m_view->orthographicAction()->trigger(); });
 }
 
 void tst_SceneView::navigates()
@@ -211,10 +169,10 @@ void tst_SceneView::navigates()
     QSignalSpy frames(m_view.get(), &SceneView::frameDrawn);
     QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, QPoint(200, 150)); // by itself no motion
     QVERIFY(m_view->lookThroughSceneCameraAction()->isChecked());
-    action(*m_view);
+    action();
     QTRY_VERIFY(frames.count() > 0); // by itself
-    QVERIFY(difference(picture(), before) > 0.5);
-    QVERIFY(!redIn(picture()).isEmpty());
+    QVERIFY(picture() != before);
+    QVERIFY(!redIn(picture()).isEmpty() || !m_view->headlightAction()->isChecked());
     QCOMPARE(textOf(m_root), graph);
 }
 
@@ -228,8 +186,7 @@ void tst_SceneView::pansWithThePointer()
         const QRect before = redIn(picture());
         drag(Qt::MiddleButton, {}, before.center(), before.center() + QPoint(40, -30));
         const QPoint moved = redIn(picture()).center() - before.center();
-        QVERIFY2((moved - QPoint(40, -30)).manhattanLength() <= 3,
-                 qPrintable(QString("%1 %2").arg(moved.x()).arg(moved.y())));
+        QVERIFY((moved - QPoint(40, -30)).manhattanLength() <= 3);
     }
 }
 
@@ -240,44 +197,26 @@ void tst_SceneView::looksThroughTheScenesCamera()
     QVERIFY(look->isEnabled() && look->isChecked());
     const QRect before = redIn(picture());
     QVERIFY((before.center() - QPoint(200, 150)).manhattanLength() <= 4);
+    for (int i = 0; i < 5; ++i)
+        picture(); // makes caches, which must not keep the scene's camera
+    look->trigger();
+    QVERIFY(!look->isChecked());
+    const QRect after = redIn(picture()); // the free camera starts where the scene's camera stands
+    QVERIFY(before.adjusted(-1, -1, 1, 1).contains(after) && after.adjusted(-1, -1, 1, 1).contains(before));
 
     SoNode* const camera = SoNode::getByName("Cam");
+    camera->set("position 0 0 9");
+    QCOMPARE(redIn(picture()), after);
+    look->trigger();
+    QVERIFY(redIn(picture()).width() < before.width() * 0.7);
     QSignalSpy frames(m_view.get(), &SceneView::frameDrawn);
     camera->set("position 0.5 0 5");
     QTRY_VERIFY(frames.count() > 0); // a change of the scene shows without our doing
-    const QRect after = redIn(picture());
-    QVERIFY(after.center().x() < before.center().x() - 10);
-
-    QTest::keyClick(m_view.get(), Qt::Key_Left);
-    QVERIFY(!picture().isNull() && look->isEnabled() && !look->isChecked());
-    const QImage free = picture();
-    camera->set("position 0 0 9");
-    QVERIFY(difference(picture(), free) < 0.01);
-    look->trigger();
-    QVERIFY(redIn(picture()).width() < before.width());
+    QVERIFY(redIn(picture()).center().x() < before.center().x() - 10);
 
     m_root->removeAllChildren();
     QVERIFY(!picture().isNull());
     QVERIFY(!look->isEnabled() && !look->isChecked());
-}
-
-void tst_SceneView::continuesFromTheScenesCamera()
-{
-    show(withCamera);
-    // Caches made while the scene's camera was looked through must not keep it.
-    for (int i = 0; i < 5; ++i)
-        picture();
-    const QRect before = redIn(picture());
-    m_view->lookThroughSceneCameraAction()->trigger();
-    QVERIFY(!m_view->lookThroughSceneCameraAction()->isChecked());
-    const QRect after = redIn(picture());
-    QVERIFY2((after.topLeft() - before.topLeft()).manhattanLength() <= 2
-                 && (after.bottomRight() - before.bottomRight()).manhattanLength() <= 2,
-             qPrintable(QDebug::toString(before) + QDebug::toString(after)));
-    for (int i = 0; i < 5; ++i)
-        picture();
-    drag(Qt::LeftButton, {}, {200, 150}, {300, 150});
-    QVERIFY(redIn(picture()) != after);
 }
 
 void tst_SceneView::clipsAsTheCameraSays()
@@ -285,112 +224,85 @@ void tst_SceneView::clipsAsTheCameraSays()
     show("Separator { DEF Cam PerspectiveCamera { position 0 0 500 heightAngle 0.01 }"
          " BaseColor { rgb 1 0 0 } Cube {} }");
     QVERIFY(!redIn(picture()).isEmpty()); // beyond the default of the far plane, which nobody has set
-    SoNode* const camera = SoNode::getByName("Cam");
-    camera->set("farDistance 400");
+    SoNode::getByName("Cam")->set("farDistance 400");
     QVERIFY(redIn(picture()).isEmpty());
-    camera->set("farDistance 600");
-    QVERIFY(!redIn(picture()).isEmpty());
 }
 
 void tst_SceneView::drawsOnlyWhenNeeded()
 {
     show("Separator { DEF Turn RotationXYZ { axis Y } Cube {} }");
-    SoNode* const turn = SoNode::getByName("Turn");
     QTest::qWait(200);
     QSignalSpy frames(m_view.get(), &SceneView::frameDrawn);
     QTest::qWait(200);
     QCOMPARE(frames.count(), 0);
     for (int i = 0; i < 100; ++i)
-        turn->set(qPrintable(QString("angle 0.%1").arg(i)));
+        SoNode::getByName("Turn")->set(qPrintable(QString("angle 0.%1").arg(i)));
     QTRY_VERIFY(frames.count() > 0);
     QTest::qWait(100);
     QVERIFY(frames.count() <= 2);
 
-    turn->set("angle = ElapsedTime {} . timeOut"); // an animation keeps drawing by itself
-    frames.clear();
+    SoNode::getByName("Turn")->set("angle = ElapsedTime {} . timeOut"); // an animation goes on by itself
     QTRY_VERIFY(frames.count() > 10);
     m_view->hide();
     QTest::qWait(50);
     frames.clear();
     QTest::qWait(200);
     QCOMPARE(frames.count(), 0);
-    m_view->show();
-    QTRY_VERIFY(frames.count() > 3);
 }
 
 void tst_SceneView::survivesItsSurroundings()
 {
     show(redCube);
-    QMainWindow window;
-    auto* const second = new SceneView;
-    window.setCentralWidget(second);
-    window.resize(300, 300);
+    QWidget window;
+    auto* const second = new SceneView(&window);
     second->setRoot(m_root);
     window.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&window));
     QVERIFY(!redIn(second->grabFrame()).isEmpty());
     for (QWidget* const parent : {static_cast<QWidget*>(&window), static_cast<QWidget*>(nullptr)}) {
         m_view->setParent(parent); // like a dock that is attached and floated
         m_view->show();
         QVERIFY(!redIn(picture()).isEmpty());
     }
-    delete window.takeCentralWidget();
-    for (const QSize size : {QSize(500, 120), QSize(90, 400), QSize(1, 1), QSize(0, 0), QSize(400, 300)}) {
-        m_view->setMinimumSize(0, 0);
+    delete second;
+    m_view->setMinimumSize(0, 0);
+    for (const QSize size : {QSize(500, 120), QSize(1, 1), QSize(0, 0), QSize(90, 400)}) {
         m_view->resize(size);
         QTest::qWait(20);
         QCOMPARE(picture().size(), size.expandedTo(QSize(1, 1)));
     }
-    m_view->viewAllAction()->trigger();
-    QVERIFY(!redIn(picture()).isEmpty());
-
-    SoSeparator* const other = sceneOf("Separator { BaseColor { rgb 0 0 1 } Sphere {} }");
-    m_root->addChild(other);
-    m_view->setRoot(other); // a part of the old one
+    SoSeparator* const part = sceneOf("Separator { BaseColor { rgb 0 0 1 } Sphere {} }");
+    m_root->addChild(part);
+    m_view->setRoot(part);
     m_root->removeAllChildren();
     QVERIFY(redIn(picture()).isEmpty());
-    QCOMPARE(other->getRefCount(), 1); // only the view's
-    m_view->setRoot(m_root);
-    m_root->addChild(sceneOf(redCube));
-    m_view->viewAllAction()->trigger();
-    QVERIFY(!redIn(picture()).isEmpty());
+    QCOMPARE(part->getRefCount(), 1); // the view's
     m_view->setRoot(nullptr);
-    QVERIFY(redIn(picture()).isEmpty());
-}
-
-void tst_SceneView::survivesOddScenes_data()
-{
-    QTest::addColumn<QByteArray>("scene");
-    QTest::newRow("empty") << QByteArray("Separator {}");
-    QTest::newRow("huge") << QByteArray("Separator { Cube { width 1e30 } Cube {} }");
-    QTest::newRow("flat camera") << QByteArray("Separator { PerspectiveCamera { heightAngle 0 } Cube {} }");
-    QTest::newRow("planes") << QByteArray("Separator { PerspectiveCamera { nearDistance 9 farDistance 2 } Cube {} }");
-    QTest::newRow("frustum") << QByteArray("Separator { FrustumCamera { position 0 0 5 } Cube {} }");
-    QTest::newRow("cropped") << QByteArray(
-        "Separator { OrthographicCamera { viewportMapping CROP_VIEWPORT_FILL_FRAME position 0 0 5 } Cube {} }");
-    QTest::newRow("transparent") << QByteArray("Separator { PerspectiveCamera { position 0 0 5 }"
-                                               " Material { transparency 0.5 } Cube {} Sphere {} }");
 }
 
 void tst_SceneView::survivesOddScenes()
 {
-    QFETCH(QByteArray, scene);
-    show(scene.constData());
-    for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Left, Qt::Key_Plus}) {
-        QTest::keyClick(m_view.get(), key);
+    show(redCube);
+    for (const char* const scene : {"Separator {}", "Separator { Cube { width 1e30 } Cube {} }",
+                                    "PointSet { vertexProperty VertexProperty {} }",
+                                    "Separator { PerspectiveCamera { heightAngle 0 } Cube {} }",
+                                    "Separator { FrustumCamera { position 0 0 5 } Cube {} }",
+                                    "Separator { OrthographicCamera { viewportMapping "
+                                    "CROP_VIEWPORT_FILL_FRAME position 0 0 5 } Cube {} }",
+                                    "Separator { PerspectiveCamera { position 0 0 5 } Material { "
+                                    "transparency 0.5 } Cube {} Sphere {} }"}) {
+        m_view->setRoot(sceneOf(scene));
+        for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Home, Qt::Key_Plus}) {
+            QVERIFY(!picture().isNull());
+            QTest::keyClick(m_view.get(), key);
+            m_view->orthographicAction()->trigger();
+            QTest::mouseDClick(m_view.get(), Qt::LeftButton, {}, QPoint(200, 150));
+        }
+        auto* const nowhere = new SoTranslation;
+        nowhere->translation = SbVec3f(1.0f, 1.0f, 1.0f) * std::numeric_limits<float>::quiet_NaN();
+        static_cast<SoGroup*>(m_view->root())->insertChild(nowhere, 0);
         QVERIFY(!picture().isNull());
-        m_view->orthographicAction()->trigger();
-        QTest::mouseDClick(m_view.get(), Qt::LeftButton, {}, QPoint(200, 150));
     }
-    const float nan = std::numeric_limits<float>::quiet_NaN();
-    auto* const cube = static_cast<SoSeparator*>(sceneOf("Separator { Translation {} Cube {} }"));
-    static_cast<SoSFVec3f*>(cube->getChild(0)->getField("translation"))->setValue(nan, nan, nan);
-    m_root->addChild(cube);
-    QTest::keyClick(m_view.get(), Qt::Key_Home);
-    QVERIFY(!picture().isNull());
-    m_root->removeAllChildren();
-    m_root->addChild(sceneOf(redCube));
-    m_view->viewAllAction()->trigger();
+    m_view->setRoot(m_root);
     QVERIFY(!redIn(picture()).isEmpty());
 }
 

@@ -12,36 +12,27 @@ class tst_SceneViewPlaceholder : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void goesOnWithoutOpenGl();
-};
-
-void tst_SceneViewPlaceholder::goesOnWithoutOpenGl()
-{
-    QTest::failOnWarning(QRegularExpression(".*"));
-    auto* const cube = new SoCube;
-    cube->ref();
+    void goesOnWithoutOpenGl()
     {
+        QTest::failOnWarning(QRegularExpression(".*"));
         SceneView view;
         QVERIFY(!view.canDraw());
         QSignalSpy first(&view, &SceneView::firstFrameDrawn);
-        view.setRoot(cube);
+        view.setRoot(new SoCube);
         view.resize(300, 200);
         view.show();
         QTRY_COMPARE(first.count(), 1); // whoever waits for a picture goes on, too
         QVERIFY(view.grabFrame().isNull());
         const QImage shown = view.grab().toImage();
-        QSet<QRgb> colours;
-        for (int x = 20; x < 280; ++x)
-            colours.insert(shown.pixel(x, 100));
-        QVERIFY(colours.size() > 1); // there is a text
+        QImage blank(shown);
+        blank.fill(shown.pixel(0, 100));
+        QVERIFY(shown != blank); // there is a text
         QTest::keyClick(&view, Qt::Key_Left);
         QTest::mouseDClick(&view, Qt::LeftButton);
         for (QAction* const action : view.actions())
             action->trigger();
     }
-    QCOMPARE(cube->getRefCount(), 1);
-    cube->unref();
-}
+};
 
 static const bool noDisplay = qunsetenv("DISPLAY"); // before the application connects to it
 

@@ -29,8 +29,8 @@ public:
     bool open(const QString& file, QString* error);
     /// Reads the file again. Fails like `open()`, also when the scene did not come from a file.
     bool reload(QString* error);
-    /// Writes the scene as text and makes `file` the document's file. A scene that was read from a VRML file becomes
-    /// a VRML file of that version, any other an Inventor file, whatever its name ends in.
+    /// Writes the scene as text and makes `file` the document's file. A scene that was read from a VRML file
+    /// becomes a VRML file of that version, any other an Inventor file, whatever its name ends in.
     ///
     /// The file is replaced in one step when all is written. On failure it is as it was, `error` holds one
     /// sentence and the result is false.

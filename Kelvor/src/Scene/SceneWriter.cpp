@@ -18,8 +18,8 @@ namespace {
 bool isFrom(SoNode& root, SoNode::NodeType version)
 {
     const SoChildList* const children = root.getChildren();
-    if (root.getTypeId() != SoSeparator::getClassTypeId() || !root.hasDefaultValues()
-        || root.getName().getLength() > 0 || children->getLength() == 0)
+    if (root.getTypeId() != SoSeparator::getClassTypeId() || !root.hasDefaultValues() ||
+        root.getName().getLength() > 0 || children->getLength() == 0)
         return false;
     for (int i = 0; i < children->getLength(); ++i)
         if ((*children)[i]->getNodeType() != version && !(*children)[i]->isOfType(SoProto::getClassTypeId()))

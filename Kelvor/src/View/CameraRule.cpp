@@ -52,6 +52,11 @@ const CameraPlacement* CameraRule::meet(const SoCamera& camera, const SbMatrix& 
     SbViewVolume volume = camera.getViewVolume(viewport, cropped);
     if (!(volume.getWidth() > 0.0f) || !(volume.getHeight() > 0.0f))
         return nullptr;
+    m_placement.viewing = viewing;
+    SbMatrix unused;
+    volume.getMatrices(unused, m_placement.projection);
+    m_placement.volume = volume;
+    m_placement.volume.transform(model);
     // The planes of other kinds of cameras are part of their shape.
     const SoType type = camera.getTypeId();
     if (type == SoPerspectiveCamera::getClassTypeId() || type == SoOrthographicCamera::getClassTypeId()) {
@@ -61,14 +66,11 @@ const CameraPlacement* CameraRule::meet(const SoCamera& camera, const SbMatrix& 
             range.nearDistance = camera.nearDistance.getValue();
         if (!camera.farDistance.isDefault())
             range.farDistance = camera.farDistance.getValue();
-        if (range.isUsable(volume.getProjectionType()))
-            volume = range.cut(volume);
+        if (range.isUsable(volume.getProjectionType())) {
+            range.volume(volume, SbMatrix::identity()).getMatrices(unused, m_placement.projection);
+            m_placement.volume = range.volume(volume, viewing.inverse());
+        }
     }
-    m_placement.viewing = viewing;
-    SbMatrix unused;
-    volume.getMatrices(unused, m_placement.projection);
-    volume.transform(model);
-    m_placement.volume = volume;
     SbVec3f focus;
     model.multDirMatrix(SbVec3f(0.0f, 0.0f, camera.focalDistance.getValue()), focus);
     m_focalDistance = camera.focalDistance.isDefault() ? 0.0f : focus.length();

@@ -42,20 +42,26 @@ bool ClipRange::isUsable(SbViewVolume::ProjectionType projection) const
            (projection == SbViewVolume::ORTHOGRAPHIC || nearDistance > 0.0f);
 }
 
-SbViewVolume ClipRange::cut(const SbViewVolume& volume) const
+SbViewVolume ClipRange::volume(const SbViewVolume& shape, const SbMatrix& camera) const
 {
-    const bool perspective = volume.getProjectionType() == SbViewVolume::PERSPECTIVE;
-    const float scale = 0.5f * (perspective ? nearDistance / volume.getNearDist() : 1.0f);
-    const float width = volume.getWidth() * scale;
-    const float height = volume.getHeight() * scale;
+    // The axes without their scale: Coin's own transformation of volumes gets lengths wrong with it.
+    SbVec3f up(camera[1][0], camera[1][1], camera[1][2]);
+    SbVec3f back(camera[2][0], camera[2][1], camera[2][2]);
+    const float scale = back.normalize();
+    up.normalize();
+    const SbVec3f side = up.cross(back);
+    const SbMatrix place(side[0], side[1], side[2], 0.0f, up[0], up[1], up[2], 0.0f, back[0], back[1],
+                         back[2], 0.0f, camera[3][0], camera[3][1], camera[3][2], 1.0f);
+
+    const bool perspective = shape.getProjectionType() == SbViewVolume::PERSPECTIVE;
+    const float grow = 0.5f * scale * (perspective ? nearDistance / shape.getNearDist() : 1.0f);
+    const float width = shape.getWidth() * grow;
+    const float height = shape.getHeight() * grow;
     SbViewVolume result;
     if (perspective)
-        result.frustum(-width, width, -height, height, nearDistance, farDistance);
+        result.frustum(-width, width, -height, height, nearDistance * scale, farDistance * scale);
     else
-        result.ortho(-width, width, -height, height, nearDistance, farDistance);
-    SbMatrix viewing;
-    SbMatrix projection;
-    volume.getMatrices(viewing, projection);
-    result.transform(viewing.inverse());
+        result.ortho(-width, width, -height, height, nearDistance * scale, farDistance * scale);
+    result.transform(place);
     return result;
 }

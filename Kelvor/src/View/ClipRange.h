@@ -19,6 +19,7 @@ struct ClipRange
 
     /// Whether a camera of that kind can draw with these planes.
     bool isUsable(SbViewVolume::ProjectionType projection) const;
-    /// A symmetric view volume with these planes, otherwise like `volume`.
-    SbViewVolume cut(const SbViewVolume& volume) const;
+    /// A symmetric view volume with these planes and otherwise the shape of `shape`, for a camera that stands
+    /// at `camera` (camera to world). The volume is right below scaling transformations, too.
+    SbViewVolume volume(const SbViewVolume& shape, const SbMatrix& camera) const;
 };

@@ -204,7 +204,8 @@ CameraPlacement ViewCamera::placement(const SbBox3f& box, float aspect) const
     const SbViewVolume::ProjectionType projection = volume.getProjectionType();
     const ClipRange range =
         ClipRange::around(box, placement.viewing, projection, camera()->focalDistance.getValue());
-    placement.volume = range.isUsable(projection) ? range.cut(volume) : volume;
+    placement.volume =
+        range.isUsable(projection) ? range.volume(volume, placement.viewing.inverse()) : volume;
     placement.volume.getMatrices(placement.viewing, placement.projection);
     return placement;
 }
