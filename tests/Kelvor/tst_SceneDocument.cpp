@@ -1,4 +1,5 @@
 #include "Scene/SceneDocument.h"
+#include "Scene/TextureImages.h"
 #include "TestMain.h"
 
 #include <Inventor/SoInput.h>
@@ -8,8 +9,10 @@
 #include <Inventor/lists/SbStringList.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSphere.h>
+#include <Inventor/nodes/SoTexture2.h>
 
 #include <QDir>
+#include <QImage>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -37,6 +40,7 @@ private Q_SLOTS:
     void refusesBadFiles();
     void tellsWhatWasWrong();
     void findsFilesBesideTheScene();
+    void texturesReadWhatQtReads();
     void savesAndReadsBack_data();
     void savesAndReadsBack();
     void keepsTheOldFileWhenSavingFails();
@@ -138,6 +142,23 @@ void tst_SceneDocument::findsFilesBesideTheScene()
     static_cast<SoGroup*>(m_document->root())->getChild(0)->set("name \"other.iv\"");
     box.apply(m_document->root());
     QCOMPARE(box.getBoundingBox().getMax()[0], 3.0f);
+}
+
+void tst_SceneDocument::texturesReadWhatQtReads()
+{
+    const TextureImages textureImages;
+    QImage picture(3, 2, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    picture.setPixelColor(2, 1, Qt::blue);
+    QVERIFY(picture.save(path("picture.png")));
+    QVERIFY(m_document->open(write("a.iv", inventor + "Texture2 { filename \"picture.png\" }"), &m_error));
+    auto* texture = static_cast<SoTexture2*>(static_cast<SoSeparator*>(m_document->root())->getChild(0));
+    SbVec2s size;
+    int components = 0;
+    const unsigned char* bytes = texture->image.getValue(size, components);
+    QCOMPARE(QSize(size[0], size[1]), picture.size());
+    QCOMPARE(components, 3);
+    QCOMPARE(QByteArray(reinterpret_cast<const char*>(bytes), 9), QByteArray::fromHex("ff0000ff00000000ff"));
 }
 
 void tst_SceneDocument::savesAndReadsBack_data()

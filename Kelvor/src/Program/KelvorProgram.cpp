@@ -4,6 +4,7 @@
 #include "Scene/NodeSpecifier.h"
 #include "Scene/SceneDocument.h"
 #include "Scene/SensorPump.h"
+#include "Scene/TextureImages.h"
 #include "Screenshot.h"
 #include "View/SceneView.h"
 #include "Window/DocumentActions.h"
@@ -85,6 +86,7 @@ QString setUp(MainWindow& window, const ProgramOptions& options)
 int run(const ProgramOptions& options)
 {
     SensorPump pump;
+    const TextureImages textureImages;
     const bool picture = !options.screenshot.isEmpty();
     MainWindow window(picture ? MainWindow::Layout::Fixed : MainWindow::Layout::Kept);
     window.addColorsMenu();
