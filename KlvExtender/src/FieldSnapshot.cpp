@@ -16,7 +16,7 @@ FieldSnapshot::Ptr FieldSnapshot::take(const SoField& field, qint64 limit)
     if (bytes > limit || !field.getTypeId().canCreateInstance())
         return nullptr;
     std::unique_ptr<SoField> copy(static_cast<SoField*>(field.getTypeId().createInstance()));
-    copy->copyFrom(field);
+    copyFieldValue(*copy, field);
     return Ptr(new FieldSnapshot(std::move(copy), field, bytes));
 }
 
@@ -45,7 +45,7 @@ void FieldSnapshot::restore(SoField& field) const
     // The flags first: auditors that look at the field during its notification see it whole.
     field.setIgnored(m_ignored);
     if (!identicalFields(*m_copy, field))
-        field.copyFrom(*m_copy);
+        copyFieldValue(field, *m_copy);
     // Copying a value clears the flag.
     field.setDefault(m_default);
 }

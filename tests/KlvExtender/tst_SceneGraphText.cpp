@@ -174,7 +174,7 @@ private Q_SLOTS:
                         "32000 32000 4\n0x1", "1 1 1\n0x1 0x2"});
         row("SFImage3", {"2000 2000 2000 4\n0x1", "1 1 1 1"});
         row("SFNode", {"", "Cube", "Cube {", "Cube { width abc }", "Cube { } Sphere { }", "NULL x",
-                       "Calculator { }", "USE no"});
+                       "Path { NULL 1 0 }", "Calculator { }", "USE no"});
         row("SFEngine", {"Cube { }", "Calculator { a x }"});
         row("SFPath", {"Cube {", "Calculator { }"});
         row("MFNode", {"[ Cube { }, Cone { height x } ]", "[ Cube { }", "[ NULL, ]  NULL"});
@@ -189,17 +189,14 @@ private Q_SLOTS:
         QVERIFY(setFieldFromText(field.get(), sampleText(type).constData()));
         const auto copy = copyOf(*field);
         for (const QByteArray& text : texts) {
-            for (const SbBool flag : {TRUE, FALSE}) {
-                field->setIgnored(flag);
-                field->setDefault(flag);
-                const ReadErrors errors;
-                const Notifications notifications(*field);
-                QVERIFY2(!setFieldFromText(field.get(), text.constData()), text.constData());
-                QVERIFY(identicalFields(*field, *copy));
-                QVERIFY(field->isDefault() == flag && field->isIgnored() == flag);
-                QCOMPARE(errors.messages.size(), 1);
-                QCOMPARE(notifications.count, 0);
-            }
+            field->setIgnored(!field->isIgnored());
+            field->setDefault(field->isIgnored());
+            const ReadErrors errors;
+            const Notifications notifications(*field);
+            QVERIFY2(!setFieldFromText(field.get(), text.constData()), text.constData());
+            QVERIFY2(identicalFields(*field, *copy), text.constData());
+            QCOMPARE(field->isDefault(), field->isIgnored());
+            QVERIFY(errors.messages.size() == 1 && notifications.count == 0);
         }
     }
 
@@ -254,26 +251,12 @@ private Q_SLOTS:
         auto* node = new SoVRMLText;
         node->ref();
         SoMFString single;
-        const char* const strings[] = {"",
-                                       "plain",
-                                       "\"",
-                                       "\\",
-                                       "\\\\",
-                                       "a\\",
-                                       "a\"",
-                                       "\\\"",
-                                       "\"\\",
-                                       "\\\\\"",
-                                       "a\nb\tc\r",
-                                       "# no comment",
-                                       "[ x ]",
-                                       ", \"",
-                                       "\" ]",
-                                       "\\\", \"",
-                                       "\xc3\xa9\xf0\x9f\x98\x80",
-                                       "\xff\x80 \xc3",
-                                       "  ",
-                                       "\"C:\\dir\\"};
+        // clang-format off
+        const char* const strings[] = {
+            "", "plain", "\"", "\\", "\\\\", "a\\", "a\"", "\\\"", "\"\\", "\\\\\"", "a\nb\tc\r",
+            "# no comment", "[ x ]", ", \"", "\" ]", "\\\", \"", "\xc3\xa9\xf0\x9f\x98\x80",
+            "\xff\x80 \xc3", "  ", "\"C:\\dir\\"};
+        // clang-format on
         for (const char* string : strings) {
             SoSFString field;
             SoSFName name;
@@ -335,7 +318,7 @@ private Q_SLOTS:
             QCOMPARE(cube->getRefCount(), references);
         }
         QVERIFY(setElementFromText(&nodes, 1, "NULL"));
-        QVERIFY(setFieldFromText(&nodes, "[ NULL, DEF kept Cube { width 5 }, USE kept ]"));
+        QVERIFY(setFieldFromText(&nodes, "[ NULL, DEF kept Cube { width 5 }, USE kept, ]"));
         QVERIFY(nodes.getNum() == 3 && !nodes[0] && nodes[1] == nodes[2]);
         QCOMPARE(static_cast<SoCube*>(nodes[1])->width.getValue(), 5.0f);
         QCOMPARE(cube->getRefCount(), 1);
@@ -345,10 +328,9 @@ private Q_SLOTS:
     void paths()
     {
         auto* root = new SoSeparator;
-        auto* group = new SoSeparator;
         root->addChild(new SoMaterial);
-        root->addChild(group);
-        group->addChild(new SoCube);
+        root->addChild(new SoSeparator);
+        static_cast<SoSeparator*>(root->getChild(1))->addChild(new SoCube);
         SoMFPath field;
         SoMFPath other;
         field.set1Value(0, new SoPath(root));
@@ -364,12 +346,12 @@ private Q_SLOTS:
 
     void refusedElements()
     {
-        const char* rows[][2] = {{"MFFloat", "[ 1 ]"},   {"MFFloat", "1, 2"},
-                                 {"MFInt32", "2.5"},     {"MFVec3f", "1 2"},
-                                 {"MFEnum", "E"},        {"MFBitMask", "(A | B) x"},
-                                 {"MFBool", "\"\""},     {"MFString", "\"a\", \"b\""},
-                                 {"MFNode", "[ NULL ]"}, {"MFNode", "Cube { width x }"},
-                                 {"MFPath", ""}};
+        // clang-format off
+        const char* rows[][2] = {
+            {"MFFloat", "[ 1 ]"}, {"MFFloat", "1, 2"}, {"MFInt32", "2.5"}, {"MFVec3f", "1 2"},
+            {"MFEnum", "E"}, {"MFBitMask", "(A | B) x"}, {"MFBool", "\"\""}, {"MFString", "\"a\", \"b\""},
+            {"MFNode", "[ NULL ]"}, {"MFNode", "Cube { width x }"}, {"MFPath", ""}};
+        // clang-format on
         for (const auto& [type, text] : rows) {
             const auto field = namedField(type);
             auto* list = static_cast<SoMField*>(field.get());
@@ -382,12 +364,10 @@ private Q_SLOTS:
             const Notifications notifications(*field);
             for (const int index : {1, 3, 1000})
                 QVERIFY2(!setElementFromText(list, index, text), text);
-            QCOMPARE(errors.messages.size(), 3);
-            QVERIFY(!setElementFromText(list, -1, sample.constData()));
             QVERIFY(!setElementFromText(list, std::numeric_limits<int>::max(), sample.constData()));
-            QVERIFY(identicalFields(*field, *copy));
-            QCOMPARE(notifications.count, 0);
-            QVERIFY(field->isDefault());
+            QCOMPARE(errors.messages.size(), 4);
+            QVERIFY(!setElementFromText(list, -1, sample.constData()));
+            QVERIFY(identicalFields(*field, *copy) && field->isDefault() && notifications.count == 0);
         }
     }
 
@@ -405,8 +385,7 @@ private Q_SLOTS:
             list->setNum(33);
             const Notifications notifications(*field);
             QVERIFY(setElementFromText(list, 36, sample.constData()));
-            QCOMPARE(notifications.count, 1);
-            QCOMPARE(list->getNum(), 37);
+            QVERIFY(notifications.count == 1 && list->getNum() == 37);
             insertElements(list, 0, 1);
             QCOMPARE(notifications.count, 2);
             const QByteArray neutral = elementText(*list, 0);
@@ -424,8 +403,7 @@ private Q_SLOTS:
         SoMFColor& field = material->diffuseColor;
         const Notifications notifications(field);
         QVERIFY(setFieldFromText(&field, "[ 1 0 0, 0 1 0, 0 0 1 ]"));
-        QCOMPARE(notifications.count, 1);
-        QVERIFY(!field.isDefault());
+        QVERIFY(notifications.count == 1 && !field.isDefault());
         QVERIFY(setFieldFromText(&field, "1 0 0"));
         QVERIFY(setElementFromText(&field, 0, "0 0 1"));
         QCOMPARE(notifications.count, 3);
@@ -433,8 +411,7 @@ private Q_SLOTS:
         field.enableNotify(FALSE);
         field.setDefault(TRUE);
         QVERIFY(setFieldFromText(&field, "0 0 0"));
-        QCOMPARE(notifications.count, 3);
-        QVERIFY(!field.isNotifyEnabled() && !field.isDefault());
+        QVERIFY(notifications.count == 3 && !field.isNotifyEnabled() && !field.isDefault());
         material->unref();
 
         SoSFFloat source;

@@ -11,14 +11,13 @@
 #include <KlvExtender/SceneGraph/SoTypedObject.h>
 
 #include <Inventor/SoPath.h>
+#include <Inventor/errors/SoDebugError.h>
 #include <Inventor/fields/SoFields.h>
 #include <Inventor/nodes/SoCube.h>
 
 #include <QRegularExpression>
 
-#include <cmath>
 #include <limits>
-#include <numeric>
 
 namespace {
 
@@ -27,14 +26,13 @@ template <class Error>
 QByteArray posted(const char* text)
 {
     QByteArray heard;
-    SoErrorCB* handler = Error::getHandlerCallback();
     const auto hear = [](const SoError* error, void* heard) {
         if (error->getTypeId() == Error::getClassTypeId() && error->isOfType(SoError::getClassTypeId()))
             *static_cast<QByteArray*>(heard) += error->getDebugString().getString();
     };
     Error::setHandlerCallback(hear, &heard);
     Error::post("[%s]", text);
-    Error::setHandlerCallback(handler, nullptr);
+    Error::setHandlerCallback(nullptr, nullptr);
     return heard;
 }
 
@@ -63,25 +61,22 @@ private Q_SLOTS:
         QVERIFY(!identicalFields(SoSFShort(), SoSFUShort()));
 
         // A field that is behind its connection is brought up to date.
-        SoSFImage source;
-        SoSFImage slave;
-        SoSFImage expected;
+        SoSFString source;
+        SoSFString slave;
         slave.connectFrom(&source);
-        const unsigned char pixel = 7;
-        source.setValue(SbVec2s(1, 1), 1, &pixel);
-        expected.setValue(SbVec2s(1, 1), 1, &pixel);
-        QVERIFY(identicalFields(slave, expected));
+        source.setValue("new");
+        QVERIFY(identicalFields(slave, source));
     }
 
     void byteSize()
     {
         SoMFVec3f vectors;
         vectors.setNum(1000);
-        QVERIFY(fieldByteSize(vectors) >= 12000 && fieldByteSize(vectors) < 13000);
         const std::vector<unsigned char> pixels(30 * 40 * 3);
         SoSFImage image;
         image.setValue(SbVec2s(30, 40), 3, pixels.data());
-        QVERIFY(fieldByteSize(image) >= pixels.size() && fieldByteSize(image) < pixels.size() + 1000);
+        QCOMPARE(fieldByteSize(vectors) / 1000, 12);
+        QCOMPARE(fieldByteSize(image) / 1000, 3);
     }
 
     void copies()
@@ -125,19 +120,15 @@ private Q_SLOTS:
     void insertion()
     {
         SoMFInt32 field;
-        const int32_t numbers[] = {1, 2, 3};
-        field.setValues(0, 3, numbers);
+        field.set("[ 1, 2, 3 ]");
         const Notifications notifications(field);
         insertElements(&field, 1, 2);
         QCOMPARE(textOf(field), QByteArray("[ 1, 0, 0, 2, 3 ]"));
         insertElements(&field, 7, 1);
         QCOMPARE(textOf(field), QByteArray("[ 1, 0, 0, 2, 3, 0, 0, 0 ]"));
-        QCOMPARE(notifications.count, 2);
         insertElements(&field, -1, 1);
-        insertElements(&field, 0, 0);
         insertElements(&field, 0, -3);
         insertElements(nullptr, 0, 1);
-        QCOMPARE(notifications.count, 2);
 
         int refusals = 0;
         SoErrorCB* handler = SoDebugError::getHandlerCallback();
@@ -147,7 +138,7 @@ private Q_SLOTS:
         insertElements(&field, 0, std::numeric_limits<int>::max());
         SoDebugError::setHandlerCallback(handler, nullptr);
         QCOMPARE(refusals, 2);
-        QCOMPARE(field.getNum(), 8);
+        QVERIFY(field.getNum() == 8 && notifications.count == 2);
     }
 
     void deletion()
@@ -159,8 +150,7 @@ private Q_SLOTS:
             {3, 1, all},        {9, 1, all},        {-1, 2, all},   {1, -1, all}};
         for (const auto& [start, count, left] : rows) {
             SoMFInt32 field;
-            const int32_t numbers[] = {1, 2, 3};
-            field.setValues(0, 3, numbers);
+            field.set(all.constData());
             const Notifications notifications(field);
             deleteElements(&field, start, count);
             QCOMPARE(textOf(field), left);
@@ -179,7 +169,7 @@ private Q_SLOTS:
         QCOMPARE(notifications.count, 2);
     }
 
-    void utf16()
+    void stringText()
     {
         const auto units = [](std::initializer_list<char16_t> list) {
             return QString::fromUtf16(std::data(list), qsizetype(list.size()));
@@ -198,10 +188,6 @@ private Q_SLOTS:
             QCOMPARE(toUtf16(bytes.constData()), text);
             QCOMPARE(QByteArray(fromUtf16(text).getString()), bytes);
         }
-    }
-
-    void latin1()
-    {
         QCOMPARE(toLatin1("\xc3\xa9\xe2\x82\xac"), QByteArray("\xe9?"));
         QCOMPARE(QByteArray(fromLatin1("\xe9").getString()), QByteArray("\xc3\xa9"));
         QCOMPARE(QByteArray(fromUtf16(QString::fromUtf16(u"a\0b\xd800", 4)).getString()), QByteArray("ab?"));
@@ -213,19 +199,14 @@ private Q_SLOTS:
     void preferences()
     {
         const char* name = "KELVOR_TEST_PREFERENCE";
-        const auto get = [&](SbBool defaultValue) { return SoPreferences::getBool(name, defaultValue); };
-        QVERIFY(get(TRUE) && !get(FALSE));
-        qputenv(name, "");
-        QVERIFY(get(TRUE) && !get(FALSE));
-        for (const char* no : {"0", "false", "No", "OFF"}) {
-            qputenv(name, no);
-            QVERIFY2(!get(TRUE) && !get(FALSE), no);
-        }
-        for (const char* yes : {"1", "TRUE", "on", "00"}) {
-            qputenv(name, yes);
-            QVERIFY2(get(TRUE) && get(FALSE), yes);
+        for (const QByteArray value : {"", "0", "false", "No", "OFF", "1", "TRUE", "on", "00"}) {
+            qputenv(name, value);
+            const bool yes = value == "1" || value == "TRUE" || value == "on" || value == "00";
+            QCOMPARE(bool(SoPreferences::getBool(name, FALSE)), yes);
+            QCOMPARE(bool(SoPreferences::getBool(name, TRUE)), yes || value.isEmpty());
         }
         qunsetenv(name);
+        QVERIFY(SoPreferences::getBool(name, TRUE) && !SoPreferences::getBool(name, FALSE));
     }
 
     void errorClasses()

@@ -31,6 +31,7 @@ bool identicalBits(const SoField& a, const SoField& b)
     } else {
         const FieldElement<Field>& leftValue = left.getValue();
         const FieldElement<Field>& rightValue = right.getValue();
+        // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the bits are what counts
         return std::memcmp(&leftValue, &rightValue, sizeof leftValue) == 0;
     }
 }

@@ -45,10 +45,16 @@ bool isSame(std::string_view text, const SbString& string)
 
 const FieldKind& FieldKind::of(const SoField& field)
 {
-    static const FieldKinds kinds = makeKinds();
     static const OtherFieldKind other;
-    const auto found = kinds.find(field.getTypeId().getKey());
-    return found != kinds.end() ? *found->second : other;
+    const FieldKind* kind = find(field.getTypeId());
+    return kind ? *kind : other;
+}
+
+const FieldKind* FieldKind::find(SoType type)
+{
+    static const FieldKinds kinds = makeKinds();
+    const auto found = kinds.find(type.getKey());
+    return found != kinds.end() ? found->second.get() : nullptr;
 }
 
 bool FieldKind::setElement(SoMField&, int, std::string_view) const

@@ -4,6 +4,7 @@
 
 class SoField;
 class SoMField;
+class SoType;
 
 /// What the text and element operations do with the fields of one type. There is one object a type, made on
 /// first use; none has state.
@@ -25,6 +26,8 @@ public:
     virtual void insertElements(SoMField& field, int first, int count) const;
 
 protected:
+    /// The kind of exactly this type, or null.
+    static const FieldKind* find(SoType type);
     /// True when the text is what the field prints at present: it then stands for the present value, also
     /// where it does not tell all of it.
     static bool isPresentText(SoField& field, std::string_view text);

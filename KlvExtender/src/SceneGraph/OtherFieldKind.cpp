@@ -73,8 +73,17 @@ bool OtherFieldKind::setElement(SoMField& field, int index, std::string_view tex
         return false;
     if (!canHold(field, std::int64_t(index) + 1))
         return false;
-    const ReadErrorSilencer silencer;
     const int count = field.getNum();
     const FieldChange change(field, std::min(index, count), std::max(index - count, 0) + 1);
+    const ReadErrorSilencer silencer;
+    growTo(field, index);
     return field.set1(index, (std::string(text) + "\n").c_str());
+}
+
+void OtherFieldKind::insertElements(SoMField& field, int first, int count) const
+{
+    for (SoType type = field.getTypeId(); !type.isBad(); type = type.getParent())
+        if (const FieldKind* kind = find(type))
+            return kind->insertElements(field, first, count);
+    FieldKind::insertElements(field, first, count);
 }

@@ -35,18 +35,29 @@ std::string_view nextToken(std::string_view text)
     return text.substr(0, std::max<std::size_t>(length, 1));
 }
 
+/// Coin reads what is nested by recursion.
+constexpr int DeepestNesting = 5000;
+
 /// The text such that Coin's reader can be trusted with it, or none: the reader takes a comma after `USE
-/// name` for a part of the name, and crashes on a path without a head.
+/// name` for a part of the name, and crashes on a path without a head and on very deep nesting.
 std::string prepared(std::string_view text)
 {
     // The blank keeps a first comment from being taken for the header of a file.
     std::string result = " ";
     std::string_view last;
     std::string_view lastButOne;
-    for (std::string_view token = nextToken(text); !token.empty(); token = nextToken(text)) {
-        const bool isName = std::isalpha(static_cast<unsigned char>(token[0])) || token[0] == '_';
-        if (lastButOne == "Path" && last == "{" && (!isName || token == "NULL"))
+    int depth = 0;
+    for (;;) {
+        const std::string_view token = nextToken(text);
+        const bool isHead = !token.empty() && !token.starts_with("NULL") &&
+                            (std::isalpha(static_cast<unsigned char>(token[0])) || token[0] == '_');
+        if (lastButOne.ends_with("Path") && last == "{" && !isHead)
             return {};
+        depth += token == "{" ? 1 : token == "}" ? -1 : 0;
+        if (depth > DeepestNesting)
+            return {};
+        if (token.empty())
+            break;
         const std::size_t end = static_cast<std::size_t>(token.data() - text.data()) + token.size();
         result.append(text.substr(0, end));
         if (last == "USE")

@@ -14,7 +14,7 @@
 KLV_EXTENDER_EXPORT QString toUtf16(const SbString& string);
 
 /// A string from text, the inverse of `toUtf16()`. Coin's strings end at the first NUL: NUL characters are
-/// left out and what follows them is kept.
+/// left out and what follows them is kept. Surrogates that stand for nothing become question marks.
 KLV_EXTENDER_EXPORT SbString fromUtf16(const QString& text);
 
 /// The Latin-1 form of a string; characters that Latin-1 does not have become question marks.

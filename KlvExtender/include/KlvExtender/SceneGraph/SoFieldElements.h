@@ -13,8 +13,10 @@ class SoMField;
 /// The text of one element; empty when there is no such element.
 KLV_EXTENDER_EXPORT SbString getElementText(SoMField* field, int index);
 
-/// Inserts `count` elements before `start`, holding the kind's neutral value (zero, empty, null). A start
-/// beyond the end first fills the gap in the same way; a negative start or a count below 1 does nothing.
+/// Inserts `count` elements before `start`, holding the kind's neutral value (zero, identity, empty, null,
+/// for an enumeration its value 0 or first value). A start beyond the end first fills the gap in the same
+/// way; a negative start or a count below 1 does nothing, more elements than Coin can count nothing but a
+/// line through `SoDebugError`. Notifies once.
 KLV_EXTENDER_EXPORT void insertElements(SoMField* field, int start, int count);
 
 /// Deletes those of the `count` elements from `start` on that exist; a negative start or a count below 1

@@ -18,11 +18,16 @@ class SoMField;
 ///
 /// Every text that `SoField::get()` printed for a field of the kind is accepted, also where Coin's reader
 /// stumbles: null in node and engine fields, nan and inf, strings that end in a backslash, four-component
-/// colours. Doubles are read exactly. On success the field's auditors are notified once, as by a setter. A
-/// null field gives FALSE.
+/// colours, paths (which are printed as the nodes along them). Doubles are read exactly. Where text does not
+/// hold all of a value (the last digits of numbers, rotations and planes, enumeration values without a name,
+/// which node it is), the text that the field prints at present stands for its present value.
+///
+/// On success the field's auditors are notified once, as by a setter. A null field gives FALSE.
 KLV_EXTENDER_EXPORT SbBool setFieldFromText(SoField* field, const SbString& text);
 
-/// Sets one element of a multi-value field from text, under the same rules; its cost does not grow with the
-/// number of elements. An index beyond the end grows the field, every element in the gap holding the kind's
-/// neutral value; a negative index or a null field gives FALSE.
+/// Sets one element of a multi-value field from text, under the same rules. Its cost does not grow with the
+/// number of elements, except for nodes, engines and paths, whose present text Coin makes by looking at all
+/// of them. An index beyond the end grows the field, every element in the gap holding the kind's neutral
+/// value; an index that no memory has room for is refused like a wrong text. A negative index or a null field
+/// gives FALSE.
 KLV_EXTENDER_EXPORT SbBool setElementFromText(SoMField* field, int index, const SbString& text);
