@@ -3,7 +3,7 @@
 #include <Inventor/fields/SoSFColor.h>
 
 ColorCommand::ColorCommand(SoSFColor* field, const SbColor& color)
-    : KlvCommand(field, Kind::ValueEdit, QStringLiteral("Colour %1"))
+    : KlvCommand(field, Kind::ValueEdit, QStringLiteral("Color %1"))
     , m_color(field)
     , m_before(field->getValue())
     , m_after(color)

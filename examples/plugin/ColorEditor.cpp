@@ -28,7 +28,7 @@ void ColorEditor::load()
 {
     KlvEditor::load();
     m_edit = new QLineEdit;
-    m_edit->setAccessibleName(tr("Colour"));
+    m_edit->setAccessibleName(tr("Color"));
     connect(m_edit, &QLineEdit::editingFinished, this, &ColorEditor::commit);
     m_widget = m_edit;
 }
