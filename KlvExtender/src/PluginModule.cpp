@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QFileInfo>
+#include <QRegularExpression>
 
 namespace {
 
@@ -37,7 +38,7 @@ QString PluginModule::open()
     if (!QFileInfo(m_library.fileName()).isFile())
         return tr("there is no such file");
     if (!m_library.load())
-        return m_library.errorString().section(QLatin1Char('\n'), 0, 0);
+        return loadFailure();
 
     using LoadFunction = KlvPlugin* (*)();
     const auto make = reinterpret_cast<LoadFunction>(m_library.resolve("loadPlugin"));
@@ -54,6 +55,15 @@ QString PluginModule::open()
     const bool loaded = guarded([&] { m_plugin->load(); }, &thrown);
     m_extensions = m_plugin->getExtensions();
     return loaded ? QString() : tr("its extensions failed to load (%1)").arg(thrown);
+}
+
+QString PluginModule::loadFailure() const
+{
+    // "Cannot load library FILE: (FILE: what the dynamic linker says)"
+    QString reason = m_library.errorString().section(QLatin1Char('\n'), 0, 0);
+    reason.remove(m_library.fileName() + QLatin1String(": "));
+    const QRegularExpressionMatch inner = QRegularExpression(QStringLiteral("\\((.*)\\)\\.?$")).match(reason);
+    return inner.hasMatch() ? inner.captured(1) : reason;
 }
 
 PluginModule::~PluginModule()

@@ -30,6 +30,7 @@ private:
 
     explicit PluginModule(const QString& file);
     QString open();
+    QString loadFailure() const;
 
     QLibrary m_library;
     KlvPlugin* m_plugin = nullptr; ///< the module's own

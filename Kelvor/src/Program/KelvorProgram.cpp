@@ -24,6 +24,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <vector>
 
 namespace {
@@ -133,26 +134,29 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(KELVOR_VERSION));
 }
 
-int runApplication(int argc, char** argv)
+/// Answers `--help` and `--version`, without a display, and then ends the process.
+void answerQuestions(int argc, char** argv)
 {
-    QString error;
-    nameApplication();
     const auto isQuestion = [](const char* argument) {
         return QStringList{"--help", "-h", "--version", "-v"}.contains(QLatin1String(argument));
     };
-    if (std::any_of(argv + 1, argv + argc, isQuestion)) {
-        // Answered and ended in there, and without a display.
-        const QCoreApplication application(argc, argv);
-        ProgramOptions::parse(QCoreApplication::arguments(), error);
-        return fail(error);
-    }
+    if (std::none_of(argv + 1, argv + argc, isQuestion))
+        return;
+    const QCoreApplication application(argc, argv);
+    QString error;
+    ProgramOptions::parse(QCoreApplication::arguments(), error);
+    std::exit(fail(error));
+}
 
+int runApplication(int argc, char** argv)
+{
     std::vector<char*> arguments(argv, argv + argc);
     const QStringList pluginOptions = takePluginOptions(arguments);
     argc = int(arguments.size());
     arguments.push_back(nullptr);
     const QApplication application(argc, arguments.data());
     QApplication::setApplicationDisplayName(QStringLiteral("Kelvor"));
+    QString error;
     const ProgramOptions options = ProgramOptions::parse(QApplication::arguments() + pluginOptions, error);
     return error.isEmpty() ? run(options) : fail(error);
 }
@@ -161,6 +165,8 @@ int runApplication(int argc, char** argv)
 
 int runKelvor(int argc, char** argv)
 {
+    nameApplication();
+    answerQuestions(argc, argv);
     SoDB::init();
     SoInteraction::init();
     const int result = runApplication(argc, argv);

@@ -32,6 +32,16 @@ constexpr int stateVersion = 1;
 
 } // namespace
 
+/// One of the two ways through the history, as the undo stack offers it.
+struct MainWindow::HistoryMove
+{
+    void (QUndoStack::*move)();
+    bool (QUndoStack::*can)() const;
+    void (QUndoStack::*canChanged)(bool);
+    QString (QUndoStack::*text)() const;
+    void (QUndoStack::*textChanged)(const QString&);
+};
+
 MainWindow::MainWindow(Layout layout, QWidget* parent)
     : QMainWindow(parent)
     , m_layout(layout)
@@ -118,31 +128,30 @@ void MainWindow::createMenus()
 void MainWindow::createEditMenu()
 {
     QMenu* menu = menuBar()->addMenu(tr("&Edit"));
-    const auto addStep = [this, menu](const QString& name, const QList<QKeySequence>& keys, auto step,
-                                      auto can, auto canChanged, auto text, auto textChanged) {
-        QAction* action = menu->addAction(name);
-        action->setShortcuts(keys);
-        const auto rename = [action, name](const QString& what) {
-            action->setText(what.isEmpty() ? name : name + QLatin1Char(' ') + what);
-        };
-        action->setEnabled((m_history->*can)());
-        rename((m_history->*text)());
-        connect(m_history, canChanged, action, &QAction::setEnabled);
-        connect(m_history, textChanged, action, rename);
-        connect(action, &QAction::triggered, this, [this, step] {
-            HistoryKeys::commitPendingInput(m_shell);
-            (m_history->*step)();
-        });
-        return action;
+    const HistoryMove undo{&QUndoStack::undo, &QUndoStack::canUndo, &QUndoStack::canUndoChanged,
+                           &QUndoStack::undoText, &QUndoStack::undoTextChanged};
+    const HistoryMove redo{&QUndoStack::redo, &QUndoStack::canRedo, &QUndoStack::canRedoChanged,
+                           &QUndoStack::redoText, &QUndoStack::redoTextChanged};
+    QAction* undoAction = addHistoryMove(menu, tr("&Undo"), undo);
+    QAction* redoAction = addHistoryMove(menu, tr("&Redo"), redo);
+    undoAction->setShortcut(Qt::CTRL | Qt::Key_Z);
+    redoAction->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
+    new HistoryKeys(undoAction, redoAction, &m_shell, this);
+}
+
+QAction* MainWindow::addHistoryMove(QMenu* menu, const QString& name, const HistoryMove& move)
+{
+    QAction* action = menu->addAction(name);
+    connect(action, &QAction::triggered, this, [this] { HistoryKeys::commitPendingInput(m_shell); });
+    connect(action, &QAction::triggered, m_history, move.move);
+    const auto rename = [action, name](const QString& what) {
+        action->setText(what.isEmpty() ? name : name + QLatin1Char(' ') + what);
     };
-    QAction* undo =
-        addStep(tr("&Undo"), {QKeySequence(Qt::CTRL | Qt::Key_Z)}, &QUndoStack::undo, &QUndoStack::canUndo,
-                &QUndoStack::canUndoChanged, &QUndoStack::undoText, &QUndoStack::undoTextChanged);
-    QAction* redo = addStep(
-        tr("&Redo"), {QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)},
-        &QUndoStack::redo, &QUndoStack::canRedo, &QUndoStack::canRedoChanged, &QUndoStack::redoText,
-        &QUndoStack::redoTextChanged);
-    new HistoryKeys(undo, redo, &m_shell, this);
+    action->setEnabled((m_history->*move.can)());
+    rename((m_history->*move.text)());
+    connect(m_history, move.canChanged, action, &QAction::setEnabled);
+    connect(m_history, move.textChanged, action, rename);
+    return action;
 }
 
 void MainWindow::fillPanelsMenu(QMenu* menu)

@@ -48,6 +48,8 @@ private:
     void createDocks();
     void createMenus();
     void createEditMenu();
+    struct HistoryMove;
+    QAction* addHistoryMove(QMenu* menu, const QString& name, const HistoryMove& move);
     void fillPanelsMenu(QMenu* menu);
     void sceneChanged();
     void showWarnings();

@@ -43,7 +43,8 @@ std::unique_ptr<SoField> readScratch(const SoField& field, std::string_view text
     copyTable<SoMFEnum>(*scratch, field);
 
     const ReadErrorSilencer silencer;
-    std::string buffer = " " + std::string(text) + "\n";
+    std::string buffer(1, ' ');
+    buffer.append(text).append(1, '\n');
     SoInput in;
     in.setBuffer(buffer.data(), buffer.size());
     char next = '\0';
