@@ -5,6 +5,7 @@
 
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoFieldContainer.h>
+#include <Inventor/fields/SoMFColor.h>
 #include <Inventor/fields/SoSFColor.h>
 #include <Inventor/lists/SoFieldList.h>
 #include <Inventor/sensors/SoFieldSensor.h>
@@ -53,12 +54,17 @@ QString stateText(const SoField& field)
     return states.join(QLatin1String(", "));
 }
 
-QVariant colorOf(SoField& field)
+/// The color that a field holds, the first one of several.
+QVariant colorOf(const SoField& field)
 {
-    if (!field.isOfType(SoSFColor::getClassTypeId()))
+    SbColor color;
+    if (field.isOfType(SoSFColor::getClassTypeId()))
+        color = static_cast<const SoSFColor&>(field).getValue();
+    else if (field.isOfType(SoMFColor::getClassTypeId()) && static_cast<const SoMFColor&>(field).getNum() > 0)
+        color = static_cast<const SoMFColor&>(field)[0];
+    else
         return {};
-    const SbColor& color = static_cast<SoSFColor&>(field).getValue();
-    const auto part = [&color](int i) { return static_cast<float>(std::clamp(color[i], 0.0F, 1.0F)); };
+    const auto part = [&color](int i) { return std::clamp(color[i], 0.0F, 1.0F); };
     return QColor::fromRgbF(part(0), part(1), part(2));
 }
 

@@ -36,8 +36,11 @@ FieldListPanel::FieldListPanel(QWidget* parent)
                     follow(nullptr);
             });
     m_view->setModel(m_model);
-    m_view->header()->resizeSection(FieldListModel::NameColumn, 150);
-    m_view->header()->resizeSection(FieldListModel::ValueColumn, 220);
+    m_view->header()->resizeSection(FieldListModel::NameColumn, 130);
+    m_view->header()->resizeSection(FieldListModel::TypeColumn, 90);
+    m_view->header()->resizeSection(FieldListModel::StateColumn, 110);
+    m_view->header()->setStretchLastSection(false);
+    m_view->header()->setSectionResizeMode(FieldListModel::ValueColumn, QHeaderView::Stretch);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,5 +1,23 @@
 #include "Models/FieldListView.h"
 
+#include <QStyledItemDelegate>
+
+namespace {
+
+/// Rows as high as their color swatches, whether they have one or not.
+class RowDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index).expandedTo(option.decorationSize + QSize(0, 2));
+    }
+};
+
+} // namespace
+
 FieldListView::FieldListView(QWidget* parent)
     : QTreeView(parent)
 {
@@ -10,6 +28,7 @@ FieldListView::FieldListView(QWidget* parent)
     setSelectionMode(SingleSelection);
     setAllColumnsShowFocus(true);
     setAlternatingRowColors(true);
+    setItemDelegate(new RowDelegate(this));
 }
 
 void FieldListView::keyboardSearch(const QString& search)

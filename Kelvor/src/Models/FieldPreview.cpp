@@ -5,15 +5,17 @@
 #include <KlvExtender/SceneGraph/SbStringText.h>
 
 #include <Inventor/SbName.h>
-#include <Inventor/SoFullPath.h>
+#include <Inventor/SoPath.h>
 #include <Inventor/engines/SoEngine.h>
 #include <Inventor/fields/SoFields.h>
 #include <Inventor/fields/SoSFImage3.h>
 #include <Inventor/nodes/SoNode.h>
 
 #include <QCoreApplication>
+#include <QStringList>
 
 #include <algorithm>
+#include <charconv>
 
 namespace {
 
@@ -35,9 +37,24 @@ QString shortened(QString line)
     return line.left(end) + QChar(0x2026);
 }
 
-QString numbers(const SbString& text)
+QString plain(const SbString& text)
 {
     return QString::fromUtf8(text.getString()).simplified();
+}
+
+/// Coin prints a float with a digit more than it holds, as in 0.079999998; this gives the shortest text for
+/// it.
+QString floats(const SbString& text)
+{
+    QStringList words = plain(text).split(QLatin1Char(' '));
+    for (QString& word : words) {
+        bool isNumber = false;
+        const float value = word.toFloat(&isNumber);
+        char digits[32];
+        if (isNumber)
+            word = QString::fromLatin1(digits, std::to_chars(digits, std::end(digits), value).ptr - digits);
+    }
+    return words.join(QLatin1Char(' '));
 }
 
 QString quoted(const SbString& string)
@@ -56,7 +73,7 @@ QString quoted(const SbString& string)
 
 QString pathLabel(const SoPath* path)
 {
-    return path ? tr("path of %1 nodes").arg(static_cast<const SoFullPath*>(path)->getLength()) : tr("none");
+    return path ? tr("path of %1 nodes").arg(path->getLength()) : tr("none");
 }
 
 QString componentsLabel(int components)
@@ -80,7 +97,7 @@ QString enumText(Field& field, int value)
 template <typename Field>
 QString maskText(Field& field, int value, const SbString& known)
 {
-    QString text = numbers(known);
+    QString text = plain(known);
     text.remove(QLatin1Char('(')).remove(QLatin1Char(')'));
     int unnamed = value;
     for (int i = 0; i < field.getNumEnums(); ++i) {
@@ -99,7 +116,14 @@ QString textPreview(SoField& field)
 {
     SbString text;
     field.get(text);
-    return numbers(text);
+    return plain(text);
+}
+
+QString floatPreview(SoField& field)
+{
+    SbString text;
+    field.get(text);
+    return floats(text);
 }
 
 QString stringPreview(SoField& field)
@@ -163,7 +187,14 @@ QString textElement(SoMField& field, int index)
 {
     SbString text;
     field.get1(index, text);
-    return numbers(text);
+    return plain(text);
+}
+
+QString floatElement(SoMField& field, int index)
+{
+    SbString text;
+    field.get1(index, text);
+    return floats(text);
 }
 
 QString stringElement(SoMField& field, int index)
@@ -203,7 +234,9 @@ QString elementsPreview(SoField& field)
     const int count = multiple.getNum();
     if (count == 0)
         return tr("no values");
-    QString line = count == 1 ? tr("1 value: ") : tr("%1 values: ").arg(count);
+    if (count == 1)
+        return element(multiple, 0);
+    QString line = tr("%1 values: ").arg(count);
     for (int i = 0; i < count; ++i) {
         if (i > 0)
             line += QLatin1String(", ");
@@ -236,6 +269,26 @@ constexpr Kind kinds[] = {
     {SoMFNode::getClassTypeId, elementsPreview<objectElement<SoMFNode>>},
     {SoMFEngine::getClassTypeId, elementsPreview<objectElement<SoMFEngine>>},
     {SoMFPath::getClassTypeId, elementsPreview<pathElement>},
+    {SoSFFloat::getClassTypeId, floatPreview},
+    {SoMFFloat::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFVec2f::getClassTypeId, floatPreview},
+    {SoMFVec2f::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFVec3f::getClassTypeId, floatPreview},
+    {SoMFVec3f::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFVec4f::getClassTypeId, floatPreview},
+    {SoMFVec4f::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFColor::getClassTypeId, floatPreview},
+    {SoMFColor::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFColorRGBA::getClassTypeId, floatPreview},
+    {SoMFColorRGBA::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFRotation::getClassTypeId, floatPreview},
+    {SoMFRotation::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFPlane::getClassTypeId, floatPreview},
+    {SoMFPlane::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFMatrix::getClassTypeId, floatPreview},
+    {SoMFMatrix::getClassTypeId, elementsPreview<floatElement>},
+    {SoSFBox2f::getClassTypeId, floatPreview},
+    {SoSFBox3f::getClassTypeId, floatPreview},
     {SoMField::getClassTypeId, elementsPreview<textElement>},
     {SoField::getClassTypeId, textPreview},
 };

@@ -2,6 +2,7 @@
 
 #include <Inventor/VRMLnodes/SoVRMLNodes.h>
 #include <Inventor/nodekits/SoBaseKit.h>
+#include <Inventor/nodekits/SoNodeKitListPart.h>
 #include <Inventor/nodes/SoNodes.h>
 
 #include <QGuiApplication>
@@ -160,6 +161,7 @@ constexpr Family families[] = {
     {SoVRMLTransform::getClassTypeId, drawTransform},
     {SoGroup::getClassTypeId, drawGroup},
     {SoVRMLParent::getClassTypeId, drawGroup},
+    {SoNodeKitListPart::getClassTypeId, drawGroup},
     {SoFile::getClassTypeId, drawGroup},
     {SoVRMLInline::getClassTypeId, drawGroup},
     {SoShape::getClassTypeId, drawShape},

@@ -68,6 +68,16 @@ SoNode* SceneChildren::at(const SoNode* node, int index)
     return index < children.count() ? children[index] : nullptr;
 }
 
+SoNode* SceneChildren::find(const SoNode* node, const void* child)
+{
+    const SceneChildren children(node);
+    for (int i = 0; i < children.count(); ++i) {
+        if (children[i] == child)
+            return children[i];
+    }
+    return nullptr;
+}
+
 bool SceneChildren::arePossible(const SoNode* node)
 {
     return node->getChildren() || visitNodeFields(node, [](const SoField*) { return true; });

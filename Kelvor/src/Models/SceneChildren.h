@@ -23,6 +23,9 @@ public:
 
     /// One child; null when the index is out of range. Cheaper than an object for the traversed children.
     static SoNode* at(const SoNode* node, int index);
+    /// The child at an address; null when the node has no such child. The address is compared, never
+    /// followed.
+    static SoNode* find(const SoNode* node, const void* child);
     /// True when a node of this kind can have children at all, even if it has none at present.
     static bool arePossible(const SoNode* node);
 

@@ -8,7 +8,6 @@
 #include "Models/SwitchedChildren.h"
 
 #include <Inventor/SbName.h>
-#include <Inventor/SoFullPath.h>
 #include <Inventor/nodes/SoNode.h>
 
 #include <QFont>
@@ -39,10 +38,8 @@ int rowsToFetch(const SceneTreeGroup& group, const SceneChildren& children)
         return std::min(total, fetched + SceneTreeModel::SliceSize);
     // A change among the fetched rows shifts the last of them; one beyond them does not.
     const int shifted = fetched + total - group.total();
-    const bool changedInside =
-        fetched > 0 && shifted > 0 && shifted <= total && children[shifted - 1] == group.node(fetched - 1);
-    return std::max(changedInside ? shifted : std::min(fetched, total),
-                    std::min(total, SceneTreeModel::SliceSize / 2));
+    const bool changedInside = shifted > 0 && children[shifted - 1] == group.node(fetched - 1);
+    return changedInside ? shifted : std::min(fetched, total);
 }
 
 } // namespace
@@ -100,8 +97,11 @@ SoNode* SceneTreeModel::liveNode(const SceneTreeGroup* group, int row) const
     if (!group->parent())
         return m_root;
     const SoNode* parent = liveNode(group->parent(), group->row());
-    SoNode* child = parent ? SceneChildren::at(parent, row) : nullptr;
-    return child == group->node(row) ? child : nullptr;
+    if (!parent)
+        return nullptr;
+    // Until the next comparison the child may be at another place, or gone.
+    SoNode* child = SceneChildren::at(parent, row);
+    return child == group->node(row) ? child : SceneChildren::find(parent, group->node(row));
 }
 
 SoNode* SceneTreeModel::node(const QModelIndex& index) const
@@ -122,16 +122,6 @@ QModelIndex SceneTreeModel::indexOf(const QList<int>& childPath)
         found = index(child, 0, found);
     }
     return found;
-}
-
-QModelIndex SceneTreeModel::indexOf(const SoPath* path)
-{
-    const auto* full = static_cast<const SoFullPath*>(path);
-    QList<int> childPath;
-    int position = full && m_root ? full->getLength() - 1 : -1;
-    for (; position >= 0 && full->getNode(position) != m_root; --position)
-        childPath.prepend(full->getIndex(position));
-    return position < 0 ? QModelIndex() : indexOf(childPath);
 }
 
 QModelIndex SceneTreeModel::firstIndexOf(const SoNode* node, qsizetype limit)
@@ -171,7 +161,7 @@ bool SceneTreeModel::hasChildren(const QModelIndex& parent) const
     if (parent.column() > 0)
         return false;
     if (const SceneTreeGroup* group = groupOf(parent))
-        return group->total() > 0;
+        return group->fetched() > 0 || group->total() > 0;
     const auto* holder = static_cast<const SceneTreeGroup*>(parent.internalPointer());
     return holder->hasFlag(parent.row(), SceneTreeGroup::Expandable);
 }

@@ -8,14 +8,13 @@
 
 class SceneChildren;
 class SoNode;
-class SoPath;
 
 /// The occurrences of nodes below a root, read lazily from the live scene graph.
 ///
 /// The root is the only top-level row. A node that is shared has a row at each of its places. Children are
 /// fetched when a view asks for them, those of large groups in slices. The model follows the graph: changes
 /// are gathered and compared once the event loop comes round, by what `synchronize()` does. Between a change
-/// and that moment, rows whose nodes are no longer in their place give no data.
+/// and that moment, rows whose nodes are no longer among the children of their parent give no data.
 ///
 /// User-interface thread only. Do not call `setRoot()` from within the model's own signals.
 class SceneTreeModel : public QAbstractItemModel
@@ -40,15 +39,12 @@ public:
     void setRoot(SoNode* root);
     SoNode* root() const { return m_root; }
 
-    /// The live node of a row; null when the graph has changed there since the last `synchronize()`, or the
-    /// index is not valid.
+    /// The live node of a row; null when it is no longer in the graph there, or the index is not valid.
     SoNode* node(const QModelIndex& index) const;
 
     /// The row of an occurrence, given by the child indices that lead to it from the root; fetches what is
     /// needed to reach it. Not valid when there is no such occurrence.
     QModelIndex indexOf(const QList<int>& childPath);
-    /// The same for a path that begins at the root or above it.
-    QModelIndex indexOf(const SoPath* path);
     /// The row of the node's first occurrence in depth-first order, looked for among `limit` nodes.
     QModelIndex firstIndexOf(const SoNode* node, qsizetype limit = 100000);
 

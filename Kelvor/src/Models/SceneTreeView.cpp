@@ -22,6 +22,7 @@ SceneTreeView::SceneTreeView(SceneTreeModel* model, QWidget* parent)
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setAllColumnsShowFocus(true);
+    setIndentation(14); // scene graphs are deep
 
     // Not at once: the scroll bar also moves while the view lays its rows out.
     m_fetchTimer.setSingleShot(true);
