@@ -9,6 +9,7 @@
 #include <KlvExtender/KlvServices.h>
 
 #include <Inventor/nodes/SoCone.h>
+#include <Inventor/nodes/SoInfo.h>
 #include <Inventor/nodes/SoSeparator.h>
 
 #include <QDockWidget>
@@ -164,6 +165,23 @@ private Q_SLOTS:
         QTRY_COMPARE(m_window->document()->fileName(), other);
         QCOMPARE(m_services->getUndoStack()->count(), 0);
         QCOMPARE(m_services->getSelectedNode(), nullptr);
+    }
+
+    void typedTextThatIsNotTakenYetIsAChange()
+    {
+        const QString info = write("info.iv", "#Inventor V2.1 ascii\nInfo { string \"old\" }\n");
+        m_window->documentActions()->open(info);
+        auto* node =
+            static_cast<SoInfo*>(static_cast<SoSeparator*>(m_window->document()->root())->getChild(0));
+        m_services->setSelectedField(&node->string);
+        QTest::keyClicks(input(), "er");
+        Answer cancel(QMessageBox::Cancel);
+        QVERIFY(!m_window->close());
+        QCOMPARE(node->string.getValue(), SbString("older"));
+        QString error;
+        QVERIFY(m_window->document()->save(m_folder.filePath("saved.iv"), &error));
+        QVERIFY(m_window->windowTitle().contains("saved.iv"));
+        m_services->getUndoStack()->setClean();
     }
 
     void theLayoutIsKept()

@@ -41,6 +41,13 @@ private Q_SLOTS:
         QFile broken(path("broken.iv"));
         QVERIFY(broken.open(QFile::WriteOnly));
         broken.write("#Inventor V2.1 ascii\nSeparator { Cone {");
+        QFile cyclic(path("cyclic.iv"));
+        QVERIFY(cyclic.open(QFile::WriteOnly));
+        cyclic.write("#Inventor V2.1 ascii\nDEF A Separator { Cube {} Group { USE A } }");
+        QFile deep(path("deep.iv"));
+        QVERIFY(deep.open(QFile::WriteOnly));
+        deep.write("#Inventor V2.1 ascii\n" + QByteArray("Separator {").repeated(20000) +
+                   QByteArray(20000, '}'));
     }
 
     void init() { QTest::failOnWarning(QRegularExpression(".*")); }
@@ -72,6 +79,8 @@ private Q_SLOTS:
         QTest::addColumn<QString>("mentions");
         QTest::newRow("scene missing") << QStringList{"missing.iv"} << "missing.iv";
         QTest::newRow("scene broken") << QStringList{"broken.iv"} << "broken.iv";
+        QTest::newRow("scene holds itself") << QStringList{"cyclic.iv"} << "itself";
+        QTest::newRow("scene too deep") << QStringList{"deep.iv"} << "deeply";
         QTest::newRow("node missing")
             << QStringList{"scene.iv", "--select", "Silver.transparency"} << "Silver";
         QTest::newRow("field missing") << QStringList{"scene.iv", "--select", "Gold.gloss"} << "gloss";
@@ -79,6 +88,9 @@ private Q_SLOTS:
         QTest::newRow("selection without scene") << QStringList{"--select", "Gold"} << "Gold";
         QTest::newRow("plug-in missing") << QStringList{"--plugin", "nothing.so"} << "nothing.so";
         QTest::newRow("plug-in is a scene") << QStringList{"--plugin", "scene.iv"} << "scene.iv";
+        QTest::newRow("plug-in without name") << QStringList{"scene.iv", "--plugin"} << "--plugin";
+        QTest::newRow("plug-in folder missing") << QStringList{"--plugin-path", "nowhere"} << "nowhere";
+        QTest::newRow("empty selection") << QStringList{"scene.iv", "--select="} << "--select";
         QTest::newRow("profile missing") << QStringList{"--profile", "Nobody's"} << "Nobody's";
         QTest::newRow("option unknown") << QStringList{"--colour"} << "colour";
         QTest::newRow("two scenes") << QStringList{"scene.iv", "scene.iv"} << "2";
@@ -92,7 +104,7 @@ private Q_SLOTS:
         QFETCH(QString, mentions);
         arguments.replaceInStrings(QRegularExpression("^(.*\\.iv)$"), path("\\1"));
         if (!arguments.contains("--screenshot"))
-            arguments << "--screenshot" << path("unwanted.png");
+            arguments = QStringList{"--screenshot", path("unwanted.png")} + arguments;
         const Outcome outcome = run(arguments);
         QCOMPARE(outcome.exitCode, 1);
         QVERIFY2(outcome.error.contains(mentions), qPrintable(outcome.error));

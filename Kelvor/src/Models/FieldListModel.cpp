@@ -13,6 +13,7 @@
 #include <QColor>
 #include <QFont>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QPalette>
 
 #include <algorithm>
@@ -54,8 +55,8 @@ QString stateText(const SoField& field)
     return states.join(QLatin1String(", "));
 }
 
-/// The color that a field holds, the first one of several.
-QVariant colorOf(const SoField& field)
+/// The color that a field holds, the first one of several, as a swatch that a selected row does not tint.
+QVariant swatchOf(const SoField& field)
 {
     SbColor color;
     if (field.isOfType(SoSFColor::getClassTypeId()))
@@ -65,7 +66,11 @@ QVariant colorOf(const SoField& field)
     else
         return {};
     const auto part = [&color](int i) { return std::clamp(color[i], 0.0F, 1.0F); };
-    return QColor::fromRgbF(part(0), part(1), part(2));
+    QPixmap swatch(16, 16);
+    swatch.fill(QColor::fromRgbF(part(0), part(1), part(2)));
+    QIcon icon(swatch);
+    icon.addPixmap(swatch, QIcon::Selected);
+    return icon;
 }
 
 QFont fontOf(const SoField& field, int column)
@@ -183,7 +188,7 @@ QVariant FieldListModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return index.column() == StateColumn ? QVariant(stateText(*shown)) : QVariant();
     case Qt::DecorationRole:
-        return index.column() == ValueColumn ? colorOf(*shown) : QVariant();
+        return index.column() == ValueColumn ? swatchOf(*shown) : QVariant();
     case Qt::FontRole:
         return fontOf(*shown, index.column());
     case Qt::ForegroundRole:

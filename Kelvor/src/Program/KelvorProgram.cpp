@@ -19,7 +19,7 @@
 #include <Inventor/SoInteraction.h>
 
 #include <QApplication>
-#include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -57,6 +57,8 @@ QString setUp(MainWindow& window, const ProgramOptions& options)
             return error;
     }
     if (!options.pluginFolder.isEmpty()) {
+        if (!QFileInfo(options.pluginFolder).isReadable())
+            return ProgramOptions::tr("The plug-in folder \"%1\" cannot be read.").arg(options.pluginFolder);
         for (const QString& sentence : plugins->loadFolder(options.pluginFolder))
             complain(window, quiet, sentence);
     }
@@ -114,15 +116,19 @@ QStringList takePluginOptions(std::vector<char*>& arguments)
     QStringList taken;
     for (auto argument = arguments.begin(); argument != arguments.end();) {
         const QString text = QFile::decodeName(*argument);
-        const bool separate = text == QLatin1String("--plugin") && std::next(argument) != arguments.end();
+        if (text == QLatin1String("--"))
+            break;
+        const bool separate = text == QLatin1String("--plugin");
         if (!separate && !text.startsWith(QLatin1String("--plugin="))) {
             ++argument;
             continue;
         }
-        taken << text;
-        if (separate)
-            taken << QFile::decodeName(*std::next(argument));
-        argument = arguments.erase(argument, argument + (separate ? 2 : 1));
+        const auto end = std::min(argument + (separate ? 2 : 1), arguments.end());
+        // The value, empty when there is none, which the parser tells.
+        taken << (separate ? QStringLiteral("--plugin=%1")
+                                 .arg(end - argument == 2 ? QFile::decodeName(*(argument + 1)) : QString())
+                           : text);
+        argument = arguments.erase(argument, end);
     }
     return taken;
 }
@@ -134,7 +140,7 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(KELVOR_VERSION));
 }
 
-/// Answers `--help` and `--version`, without a display, and then ends the process.
+/// Answers `--help` and `--version` without a display and ends the process, if it can.
 void answerQuestions(int argc, char** argv)
 {
     const auto isQuestion = [](const char* argument) {
@@ -144,8 +150,8 @@ void answerQuestions(int argc, char** argv)
         return;
     const QCoreApplication application(argc, argv);
     QString error;
+    // Comes back when the word was the value of another option, or when Qt's own options are among them.
     ProgramOptions::parse(QCoreApplication::arguments(), error);
-    std::exit(fail(error));
 }
 
 int runApplication(int argc, char** argv)
@@ -157,7 +163,10 @@ int runApplication(int argc, char** argv)
     const QApplication application(argc, arguments.data());
     QApplication::setApplicationDisplayName(QStringLiteral("Kelvor"));
     QString error;
-    const ProgramOptions options = ProgramOptions::parse(QApplication::arguments() + pluginOptions, error);
+    QStringList all = QApplication::arguments();
+    for (const QString& option : pluginOptions)
+        all.insert(1, option);
+    const ProgramOptions options = ProgramOptions::parse(all, error);
     return error.isEmpty() ? run(options) : fail(error);
 }
 

@@ -35,7 +35,7 @@ ProgramOptions ProgramOptions::parse(const QStringList& arguments, QString& erro
     const bool parsed = parser.parse(arguments);
     if (parsed && parser.isSet(version))
         parser.showVersion();
-    if (parsed && parser.isSet(help))
+    if (parsed && (parser.isSet(help) || parser.isSet(QStringLiteral("help-all"))))
         parser.showHelp();
     if (!parsed) {
         error = parser.errorText();
@@ -43,11 +43,17 @@ ProgramOptions ProgramOptions::parse(const QStringList& arguments, QString& erro
             error += QLatin1Char('.');
         return options;
     }
+    for (const ValueOption& option : valueOptions) {
+        if (parser.values(QString::fromLatin1(option.name)).contains(QString()))
+            error = tr("The option --%1 needs a value.").arg(QLatin1String(option.name));
+    }
     const QStringList scenes = parser.positionalArguments();
     if (scenes.size() > 1) {
         error = tr("Only one scene can be opened, but %1 were given.").arg(scenes.size());
         return options;
     }
+    if (scenes.contains(QString()))
+        error = tr("The name of the scene is empty.");
     options.scene = scenes.value(0);
     options.profile = parser.value(QStringLiteral("profile"));
     options.plugins = parser.values(QStringLiteral("plugin"));

@@ -5,6 +5,7 @@
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoFieldContainer.h>
 #include <Inventor/lists/SoFieldList.h>
+#include <Inventor/misc/SoProtoInstance.h>
 #include <Inventor/nodes/SoNode.h>
 
 #include <QCoreApplication>
@@ -56,17 +57,23 @@ void findContainer(SoNode* root, const QString& text, NodeSpecifier::Result& res
     const SbName shortType = toName(typeText.startsWith(QLatin1String("So")) ? typeText.mid(2) : typeText);
     const int number = match.captured(2).toInt();
     int passed = 0;
-    const auto isWanted = [&](const SoNode* node) {
+    const auto isOfType = [&](const SoNode* node) {
         const SbName its = node->getTypeId().getName();
-        return (its == type || its == shortType) && passed++ == number;
+        return its == type || its == shortType;
     };
+    // Occurrences may be many more than nodes; they are only counted when there is something to count.
+    SceneSearch existing(SceneSearch::Visits::EachNode, searchLimit);
     SceneSearch typed(SceneSearch::Visits::EachOccurrence, searchLimit);
-    if (search(root, typed, isWanted, result))
+    const auto isWanted = [&](const SoNode* node) { return isOfType(node) && passed++ == number; };
+    NodeSpecifier::Result any;
+    if (search(root, existing, isOfType, any) && search(root, typed, isWanted, result))
         return;
 
     auto* other =
         static_cast<SoFieldContainer*>(SoBase::getNamedBase(name, SoFieldContainer::getClassTypeId()));
-    if (other && !other->isOfType(SoNode::getClassTypeId()))
+    // A prototype's instance is a node, but what stands in the graph is what it was expanded to.
+    if (other &&
+        (!other->isOfType(SoNode::getClassTypeId()) || other->isOfType(SoProtoInstance::getClassTypeId())))
         result.container = other;
     else if (typed.isExhausted())
         result.error = tr("\"%1\" was not found among the first %2 nodes.").arg(text).arg(searchLimit);

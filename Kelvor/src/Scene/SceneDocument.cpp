@@ -65,6 +65,7 @@ bool SceneDocument::save(const QString& name, QString* error)
         return false;
     }
     setFileName(QFileInfo(name).absoluteFilePath());
+    Q_EMIT fileNameChanged();
     return true;
 }
 
@@ -97,6 +98,7 @@ void SceneDocument::replace(SoNode* root, const QString& file, const QStringList
     if (m_root)
         m_root->ref();
     setFileName(file);
+    Q_EMIT fileNameChanged();
     Q_EMIT rootChanged(m_root);
     if (old)
         old->unref();

@@ -49,6 +49,8 @@ public:
 Q_SIGNALS:
     /// Another scene, or nothing (null), is shown; the earlier one is still alive.
     void rootChanged(SoNode* root);
+    /// The scene belongs to another file now, or to none.
+    void fileNameChanged();
 
 private:
     void replace(SoNode* root, const QString& file, const QStringList& warnings);

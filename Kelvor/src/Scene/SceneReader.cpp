@@ -1,5 +1,7 @@
 #include "SceneReader.h"
 
+#include "SceneNesting.h"
+
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/errors/SoReadError.h>
@@ -120,6 +122,10 @@ SceneReader::Result SceneReader::read(const QString& file)
     if (!result.reason.isEmpty())
         return result;
 
+    if (SceneNesting::isTooDeep(file)) {
+        result.reason = tr("it is nested too deeply");
+        return result;
+    }
     ErrorCollector collector;
     SceneInput input;
     if (!input.openFile(QFile::encodeName(file).constData())) {
@@ -132,6 +138,15 @@ SceneReader::Result SceneReader::read(const QString& file)
     if (scene && !readToEnd)
         collector.errors << tr("The file goes on after the end of the scene; the rest was left out");
 
+    if (SoNode* const node = scene ? SceneNesting::endless(scene) : nullptr) {
+        result.reason = tr("a node in it contains itself, or it is nested too deeply");
+        scene->ref();
+        // Nodes that hold each other would never be released.
+        if (node->isOfType(SoGroup::getClassTypeId()))
+            static_cast<SoGroup*>(node)->removeAllChildren();
+        scene->unref();
+        return result;
+    }
     if (scene && (scene->getNumChildren() > 0 || collector.errors.isEmpty())) {
         result.root = scene;
         result.warnings = collector.errors;

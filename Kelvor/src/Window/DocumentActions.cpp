@@ -1,5 +1,6 @@
 #include "DocumentActions.h"
 
+#include "HistoryKeys.h"
 #include "RecentFiles.h"
 #include "Scene/SceneDocument.h"
 
@@ -19,10 +20,12 @@ QString sceneFilter()
 
 } // namespace
 
-DocumentActions::DocumentActions(SceneDocument* document, QUndoStack* history, QWidget* window)
+DocumentActions::DocumentActions(SceneDocument* document, QUndoStack* history, const HostShell* shell,
+                                 QWidget* window)
     : QObject(window)
     , m_document(document)
     , m_history(history)
+    , m_shell(shell)
     , m_window(window)
     , m_recent(new RecentFiles(window))
 {
@@ -71,6 +74,8 @@ void DocumentActions::load(const QString& file)
 
 bool DocumentActions::mayDiscard()
 {
+    // What has been typed but not yet taken is a change, too.
+    HistoryKeys::commitPendingInput(*m_shell);
     if (m_history->isClean())
         return true;
     const auto answer = QMessageBox::question(
@@ -95,6 +100,7 @@ void DocumentActions::chooseAndOpen()
 
 bool DocumentActions::chooseAndSave()
 {
+    HistoryKeys::commitPendingInput(*m_shell);
     const QString file =
         QFileDialog::getSaveFileName(m_window, tr("Save Scene As"), m_document->fileName(), sceneFilter());
     if (file.isEmpty())

@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class HostShell;
 class QMenu;
 class QMimeData;
 class QUndoStack;
@@ -16,7 +17,7 @@ class DocumentActions : public QObject
 
 public:
     /// Everything given outlives it; `window` is the parent of its dialogs.
-    DocumentActions(SceneDocument* document, QUndoStack* history, QWidget* window);
+    DocumentActions(SceneDocument* document, QUndoStack* history, const HostShell* shell, QWidget* window);
 
     /// Adds the actions to a menu.
     void addTo(QMenu* menu);
@@ -44,6 +45,7 @@ private:
 
     SceneDocument* m_document;
     QUndoStack* m_history;
+    const HostShell* m_shell;
     QWidget* m_window;
     RecentFiles* m_recent;
 };

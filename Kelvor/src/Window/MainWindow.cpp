@@ -57,6 +57,7 @@ MainWindow::MainWindow(Layout layout, QWidget* parent)
     createDocks();
     createMenus();
     connect(m_document, &SceneDocument::rootChanged, this, &MainWindow::sceneChanged);
+    connect(m_document, &SceneDocument::fileNameChanged, this, &MainWindow::updateTitle);
     connect(m_history, &QUndoStack::cleanChanged, this, [this](bool clean) { setWindowModified(!clean); });
     updateTitle();
     restoreLayout();
@@ -115,7 +116,7 @@ void MainWindow::createDocks()
 
 void MainWindow::createMenus()
 {
-    m_documentActions = new DocumentActions(m_document, m_history, this);
+    m_documentActions = new DocumentActions(m_document, m_history, &m_shell, this);
     m_documentActions->addTo(menuBar()->addMenu(tr("&File")));
     createEditMenu();
     m_viewMenu = menuBar()->addMenu(tr("&View"));
@@ -180,7 +181,6 @@ void MainWindow::sceneChanged()
     m_history->clear();
     m_treePanel->setRoot(m_document->root());
     m_view->setRoot(m_document->root());
-    updateTitle();
     showWarnings();
 }
 
