@@ -173,8 +173,8 @@ private Q_SLOTS:
         row("SFImage", {"2 2 1\n0x1 0x2 0x3", "1 1 1\n0x100", "-1 1 1", "1 1 5\n0x1", "100000 100000 4",
                         "32000 32000 4\n0x1", "1 1 1\n0x1 0x2"});
         row("SFImage3", {"2000 2000 2000 4\n0x1", "1 1 1 1"});
-        row("SFNode", {"", "Cube", "Cube {", "Cube { width abc }", "Cube { } Sphere { }", "NULL x",
-                       "Path { NULL 1 0 }", "Calculator { }", "USE no"});
+        row("SFNode", {"", "Cube", "Cube {", "Group { DEF A Group { USE A } }", "Cube { width abc }",
+                       "Cube { } Sphere { }", "NULL x", "Path { NULL 1 0 }", "Calculator { }", "USE no"});
         row("SFEngine", {"Cube { }", "Calculator { a x }"});
         row("SFPath", {"Cube {", "Calculator { }"});
         row("MFNode", {"[ Cube { }, Cone { height x } ]", "[ Cube { }", "[ NULL, ]  NULL"});

@@ -10,6 +10,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <unordered_set>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -80,6 +83,32 @@ SoPath* pathThrough(SoNode* head)
     return path;
 }
 
+/// The first node found that has a node above it as a child; null when there is none. What walks a graph with
+/// such a node would never end.
+SoNode* findCycle(SoNode* root)
+{
+    std::vector<std::pair<SoNode*, int>> way{{root, 0}};
+    std::unordered_set<const SoNode*> onWay{root};
+    std::unordered_set<const SoNode*> done;
+    while (!way.empty()) {
+        auto& [node, next] = way.back();
+        const SoChildList* children = node->getChildren();
+        if (!children || next == children->getLength()) {
+            onWay.erase(node);
+            done.insert(node);
+            way.pop_back();
+            continue;
+        }
+        SoNode* child = (*children)[next++];
+        if (!child || done.count(child))
+            continue;
+        if (!onWay.insert(child).second)
+            return node;
+        way.emplace_back(child, 0);
+    }
+    return nullptr;
+}
+
 } // namespace
 
 ReferenceText::ReferenceText(std::string_view text, SoType type)
@@ -131,7 +160,14 @@ bool ReferenceText::readNext()
     if (!SoBase::read(&m_in, object, isPath ? SoBase::getClassTypeId() : m_type) || !object)
         return false;
     object->ref();
-    if (isPath && object->isOfType(SoNode::getClassTypeId())) {
+    const bool isNode = object->isOfType(SoNode::getClassTypeId());
+    if (SoNode* cycle = isNode ? findCycle(static_cast<SoNode*>(object)) : nullptr) {
+        // Emptied, or the nodes would hold each other for ever.
+        cycle->getChildren()->truncate(0);
+        object->unref();
+        return false;
+    }
+    if (isPath && isNode) {
         SoPath* path = pathThrough(static_cast<SoNode*>(object));
         path->ref();
         object->unref();
