@@ -27,60 +27,57 @@ class tst_ViewCamera : public QObject
 
 private Q_SLOTS:
     void init() { QTest::failOnWarning(QRegularExpression(".*")); }
-    void framesTheBox();
-    void keepsPointsInPlace();
-    void staysUpright();
-};
-
-void tst_ViewCamera::framesTheBox()
-{
-    for (int turn = 0; turn < 24; ++turn) {
-        const float aspect = std::array{0.4f, 1.0f, 3.0f}[size_t(turn % 3)];
-        ViewCamera camera;
-        camera.setOrthographic(turn % 2 == 0);
-        camera.orbit(float(turn), 0.1f * float(turn) - 1.0f);
-        camera.viewAll(someBox, aspect);
-        float widest = 0.0f;
-        for (int i = 0; i < 8; ++i) {
-            const SbVec3f corner(i & 1 ? -1.0f : 5.0f, i & 2 ? 2.0f : 3.0f, i & 4 ? -3.0f : 4.0f);
-            QVERIFY(camera.placement(someBox, aspect).volume.intersect(corner)); // the clipping planes, too
-            const SbVec3f screen = seen(camera, corner, aspect);
-            widest = std::max({widest, std::abs(screen[0] - 0.5f), std::abs(screen[1] - 0.5f)});
+    void framesTheBox()
+    {
+        for (int turn = 0; turn < 24; ++turn) {
+            const float aspect = std::array{0.4f, 1.0f, 3.0f}[size_t(turn % 3)];
+            ViewCamera camera;
+            camera.setOrthographic(turn % 2 == 0);
+            camera.orbit(float(turn), 0.1f * float(turn) - 1.0f);
+            camera.viewAll(someBox, aspect);
+            float widest = 0.0f;
+            for (int i = 0; i < 8; ++i) {
+                const SbVec3f corner(i & 1 ? -1.0f : 5.0f, i & 2 ? 2.0f : 3.0f, i & 4 ? -3.0f : 4.0f);
+                QVERIFY(
+                    camera.placement(someBox, aspect).volume.intersect(corner)); // the clipping planes, too
+                const SbVec3f screen = seen(camera, corner, aspect);
+                widest = std::max({widest, std::abs(screen[0] - 0.5f), std::abs(screen[1] - 0.5f)});
+            }
+            QVERIFY(widest > 0.4f && widest < 0.5f); // fills the picture, with a little space
         }
-        QVERIFY(widest > 0.4f && widest < 0.5f); // fills the picture, with a little space
     }
-}
 
-void tst_ViewCamera::keepsPointsInPlace()
-{
-    const SbVec3f point(4.0f, 2.5f, -2.0f);
-    for (const bool orthographic : {false, true}) {
+    void keepsPointsInPlace()
+    {
+        const SbVec3f point(4.0f, 2.5f, -2.0f);
+        for (const bool orthographic : {false, true}) {
+            ViewCamera camera;
+            camera.viewAll(someBox, 1.5f);
+            camera.setOrthographic(orthographic);
+            const SbVec3f aim = seen(camera, point, 1.5f);
+            camera.zoom(0.5f, point);
+            QVERIFY(seen(camera, point, 1.5f).equals(aim, 1e-3f));
+            for (int i = 0; i < 2000; ++i)
+                camera.zoom(i < 1000 ? 0.5f : 3.0f, point); // no underflow, no overflow
+            camera.seek(point);
+            QVERIFY(seen(camera, point, 1.5f).equals(SbVec3f(0.5f, 0.5f, 0.0f), 1e-3f));
+        }
+    }
+
+    void staysUpright()
+    {
         ViewCamera camera;
-        camera.viewAll(someBox, 1.5f);
-        camera.setOrthographic(orthographic);
-        const SbVec3f aim = seen(camera, point, 1.5f);
-        camera.zoom(0.5f, point);
-        QVERIFY(seen(camera, point, 1.5f).equals(aim, 1e-3f));
-        for (int i = 0; i < 2000; ++i)
-            camera.zoom(i < 1000 ? 0.5f : 3.0f, point); // no underflow, no overflow
-        camera.seek(point);
-        QVERIFY(seen(camera, point, 1.5f).equals(SbVec3f(0.5f, 0.5f, 0.0f), 1e-3f));
+        camera.viewAll(someBox, 1.0f);
+        const SbVec3f focus = camera.focalPoint();
+        for (int i = 0; i < 400; ++i) {
+            camera.orbit(0.13f, i < 200 ? 0.05f : -0.05f);
+            SbVec3f up;
+            camera.camera()->orientation.getValue().multVec(SbVec3f(0, 1, 0), up);
+            QVERIFY(up[1] > 0.0f && camera.focalPoint().equals(focus, 1e-2f));
+        }
+        QVERIFY(camera.direction()[1] < -0.99f); // looks down from above in the end
     }
-}
-
-void tst_ViewCamera::staysUpright()
-{
-    ViewCamera camera;
-    camera.viewAll(someBox, 1.0f);
-    const SbVec3f focus = camera.focalPoint();
-    for (int i = 0; i < 400; ++i) {
-        camera.orbit(0.13f, i < 200 ? 0.05f : -0.05f);
-        SbVec3f up;
-        camera.camera()->orientation.getValue().multVec(SbVec3f(0, 1, 0), up);
-        QVERIFY(up[1] > 0.0f && camera.focalPoint().equals(focus, 1e-2f));
-    }
-    QVERIFY(camera.direction()[1] < -0.99f); // looks down from above in the end
-}
+};
 
 KLV_TEST_MAIN(tst_ViewCamera)
 #include "tst_ViewCamera.moc"

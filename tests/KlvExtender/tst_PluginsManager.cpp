@@ -72,228 +72,209 @@ private Q_SLOTS:
         SoDebugError::setHandlerCallback(SoDebugError::getHandlerCallback(), nullptr);
     }
 
-    void refusesWhatIsNoPlugin_data();
-    void refusesWhatIsNoPlugin();
-    void loadsAndUnloads();
-    void refusesToLoadTwice();
-    void switchesProfiles();
-    void ordersControlledExtensions();
-    void survivesThrowingExtensions_data();
-    void survivesThrowingExtensions();
-    void unloadsWhileInUse();
+    void refusesWhatIsNoPlugin_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("reason");
+        QTest::addColumn<QString>("events");
+
+        const QString cleanedUp =
+            QStringLiteral("first load, third unload, second unload, first unload, Recording deleted");
+        const auto row = [](const char* title, const char* name, const char* reason,
+                            const QString& events = "") {
+            QTest::newRow(title) << QString(name) << QString(reason) << events;
+        };
+        row("no file", "missing", "no such file");
+        row("a text", "not-a-library", "file too short");
+        row("no symbols", "NoEntryPoints", "loadPlugin");
+        row("one symbol", "OneEntryPoint", "unloadPlugin");
+        row("null", "RecordingLoadPluginGivesNull", "no plug-in");
+        row("loadPlugin throws", "RecordingLoadPluginThrows", "this plug-in is broken");
+        row("load throws", "RecordingLoadThrows", "this plug-in is broken", cleanedUp);
+        row("load throws a number", "RecordingLoadThrowsInt", "unknown", cleanedUp);
+    }
+
+    void refusesWhatIsNoPlugin()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, reason);
+
+        QString error;
+        QVERIFY(!m_manager->loadPlugin(moduleFile(name), &error));
+        QVERIFY2(error.contains(moduleFile(name)) && error.contains(reason), qPrintable(error));
+        QVERIFY2(error.endsWith(QLatin1Char('.')) && !error.contains(QLatin1Char('\n')), qPrintable(error));
+        QTEST(takeEvents(), "events");
+        QVERIFY(m_manager->getPlugins().isEmpty());
+        QVERIFY(m_manager->getExtensions().isEmpty());
+        QVERIFY(!isMapped(name));
+
+        QVERIFY(!m_manager->loadPlugin(moduleFile(name)));
+        QVERIFY(m_manager->loadPlugin(moduleFile(QStringLiteral("RecordingNone"))));
+    }
+
+    void loadsAndUnloads()
+    {
+        const QString file = moduleFile(QStringLiteral("RecordingNone"));
+        KlvPlugin* plugin = m_manager->loadPlugin(file);
+        QVERIFY(plugin);
+        QCOMPARE(plugin->getName().getString(), "Recording");
+        QCOMPARE(takeEvents(), QStringLiteral("first load, second load, third load"));
+        QCOMPARE(m_manager->getExtensions(), plugin->getExtensions());
+        QCOMPARE(m_manager->getPluginFile(plugin), file);
+
+        KlvProfile* profile = makeProfile("all", plugin->getExtensions());
+        m_manager->setActiveProfile(profile);
+        QVERIFY(plugin->getExtensions().first()->getProfileSetting());
+        takeEvents();
+
+        m_manager->unloadPlugin(plugin);
+        QCOMPARE(takeEvents(),
+                 QStringLiteral("third deactivate, second deactivate, first deactivate, "
+                                "third unload, second unload, first unload, Recording deleted"));
+        QVERIFY(m_manager->getExtensions().isEmpty());
+        QVERIFY(!isMapped(QStringLiteral("RecordingNone")));
+
+        m_manager->unloadPlugin(plugin);
+        m_manager->unloadPlugin(nullptr);
+        m_manager->setActiveProfile(profile);
+        QCOMPARE(takeEvents(), QString());
+    }
+
+    void refusesToLoadTwice()
+    {
+        const QString file = moduleFile(QStringLiteral("RecordingNone"));
+        QVERIFY(m_manager->loadPlugin(file));
+        QTemporaryDir folder;
+        const QString link = folder.filePath(QStringLiteral("link.so"));
+        QVERIFY(QFile::link(file, link));
+        takeEvents();
+        for (const QString& name : {file, QDir::current().relativeFilePath(file), link}) {
+            QString error;
+            QVERIFY(!m_manager->loadPlugin(name, &error));
+            QVERIFY2(error.contains(QLatin1String("already")), qPrintable(error));
+        }
+        QCOMPARE(m_manager->getPlugins().size(), 1);
+        QCOMPARE(takeEvents(), QString());
+    }
+
+    void switchesProfiles()
+    {
+        const QList<KlvExtension*> all =
+            m_manager->loadPlugin(moduleFile(QStringLiteral("RecordingNone")))->getExtensions();
+        qRegisterMetaType<KlvProfile*>("KlvProfile*");
+        qRegisterMetaType<SoFieldContainer*>("SoFieldContainer*");
+        QSignalSpy listChanged(m_manager, &KlvPluginsManager::profilesChanged);
+        QSignalSpy activeChanged(m_manager, &KlvPluginsManager::activeProfileChanged);
+        QSignalSpy announced(KlvServices::getInstance(), &KlvServices::selectedNodeChanged);
+        KlvProfile* early = makeProfile("early", {all[1], all[0]});
+        KlvProfile* late = makeProfile("late", {all[2], all[1]});
+        QCOMPARE(m_manager->getProfilesList(), (QList<KlvProfile*>{early, late}));
+        QCOMPARE(listChanged.size(), 2);
+        takeEvents();
+
+        m_manager->setActiveProfile(early);
+        QCOMPARE(takeEvents(), QStringLiteral("first activate, second activate"));
+        m_manager->setActiveProfile(late);
+        QCOMPARE(takeEvents(), QStringLiteral("first deactivate, third activate"));
+        QVERIFY(!all[0]->isActive() && all[1]->isActive() && all[2]->isActive());
+        QVERIFY(!all[0]->getProfileSetting() && all[2]->getProfileSetting());
+        QCOMPARE(activeChanged.size(), 2);
+        QCOMPARE(announced.size(), 2);
+
+        // Settings added to the active profile take effect when it is made active again; that is no change of
+        // profile.
+        late->addSetting(all[0]);
+        m_manager->setActiveProfile(late);
+        QCOMPARE(takeEvents(), QStringLiteral("first activate"));
+        QCOMPARE(activeChanged.size(), 2);
+
+        KlvProfile stranger("stranger");
+        m_manager->setActiveProfile(&stranger);
+        QCOMPARE(m_manager->getActiveProfile(), late);
+        m_manager->removeProfile(late);
+        QCOMPARE(takeEvents(), QStringLiteral("third deactivate, second deactivate, first deactivate"));
+        QCOMPARE(m_manager->getActiveProfile(), nullptr);
+        QCOMPARE(m_manager->getProfilesList(), QList<KlvProfile*>{early});
+    }
+
+    void ordersControlledExtensions()
+    {
+        KlvPlugin* plugin = m_manager->loadPlugin(moduleFile(QStringLiteral("RecordingNone")));
+        const QList<KlvExtension*> all = plugin->getExtensions();
+        KlvExtension stranger;
+        KlvProfile* profile = makeProfile("docks", {});
+        KlvProfileSetting* setting = profile->addSetting(&stranger);
+        for (KlvExtension* extension : {&stranger, all[2], all[0], all[2], all[1]})
+            setting->addControlledExtension(extension);
+        QCOMPARE(setting->getControlledExtensions(), all + QList<KlvExtension*>{&stranger});
+
+        m_manager->unloadPlugin(plugin);
+        QCOMPARE(setting->getControlledExtensions(), QList<KlvExtension*>{&stranger});
+    }
+
+    void survivesThrowingExtensions_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("activate") << "RecordingActivateThrows";
+        QTest::newRow("deactivate") << "RecordingDeactivateThrows";
+        QTest::newRow("unload") << "RecordingUnloadThrows";
+    }
+
+    void survivesThrowingExtensions()
+    {
+        QFETCH(QString, name);
+        KlvPlugin* plugin = m_manager->loadPlugin(moduleFile(name));
+        QVERIFY(plugin);
+        m_manager->setActiveProfile(makeProfile("all", plugin->getExtensions()));
+        m_manager->setActiveProfile(nullptr);
+        m_manager->unloadPlugin(plugin);
+
+        // Every extension had its turn, whatever the one before it did.
+        const QString events = takeEvents();
+        for (const char* event :
+             {"first load", "second activate", "third activate", "first unload", "Recording deleted"})
+            QVERIFY2(events.contains(QLatin1String(event)), qPrintable(events));
+        QCOMPARE(m_errors, 3);
+        QVERIFY(!isMapped(name));
+    }
+
+    void unloadsWhileInUse()
+    {
+        KlvServices* services = KlvServices::getInstance();
+        KlvPlugin* plugin = m_manager->loadPlugin(moduleFile(QStringLiteral("color_plugin")));
+        QVERIFY(plugin);
+        auto* editor = qobject_cast<KlvEditor*>(plugin->getExtensions().first());
+        QVERIFY(editor);
+        m_manager->setActiveProfile(makeProfile("all", plugin->getExtensions()));
+        auto* light = new SoDirectionalLight;
+        light->ref();
+        services->setSelectedField(&light->color);
+        editor->setEditedObject(&light->color);
+        editor->activate();
+
+        auto* edit = qobject_cast<QLineEdit*>(editor->getWidget());
+        QVERIFY(edit);
+        edit->selectAll();
+        QTest::keyClicks(edit, QStringLiteral("#ff0080"));
+        QTest::keyClick(edit, Qt::Key_Return);
+        QCOMPARE(light->color.getValue()[1], 0.0f);
+        QCOMPARE(services->getUndoStack()->count(), 1);
+        services->getUndoStack()->undo();
+        QCOMPARE(light->color.getValue(), SbColor(1, 1, 1));
+        services->getUndoStack()->redo();
+
+        m_manager->unloadPlugin(plugin);
+        QCOMPARE(services->getUndoStack()->count(), 0);
+        QVERIFY(!services->getSelectedField() && !services->getSelectedNode());
+        light->color = SbColor(0, 1, 0);
+        SoDB::getSensorManager()->processDelayQueue(TRUE);
+        light->unref();
+    }
 
 private:
     KlvPluginsManager* m_manager = KlvPluginsManager::getInstance();
     int m_errors = 0;
 };
-
-void tst_PluginsManager::refusesWhatIsNoPlugin_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("reason");
-    QTest::addColumn<QString>("events");
-
-    QTest::newRow("no file") << "missing"
-                             << "no such file"
-                             << "";
-    QTest::newRow("a text") << "not-a-library"
-                            << "not-a-library"
-                            << "";
-    QTest::newRow("no symbols") << "NoEntryPoints"
-                                << "loadPlugin"
-                                << "";
-    QTest::newRow("one symbol") << "OneEntryPoint"
-                                << "unloadPlugin"
-                                << "";
-    QTest::newRow("null") << "RecordingLoadPluginGivesNull"
-                          << "no plug-in"
-                          << "";
-    QTest::newRow("loadPlugin throws") << "RecordingLoadPluginThrows"
-                                       << "this plug-in is broken"
-                                       << "";
-    const QString cleanedUp =
-        QStringLiteral("first load, third unload, second unload, first unload, Recording deleted");
-    QTest::newRow("load throws") << "RecordingLoadThrows"
-                                 << "this plug-in is broken" << cleanedUp;
-    QTest::newRow("load throws a number") << "RecordingLoadThrowsInt"
-                                          << "unknown" << cleanedUp;
-}
-
-void tst_PluginsManager::refusesWhatIsNoPlugin()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, reason);
-
-    QString error;
-    QVERIFY(!m_manager->loadPlugin(moduleFile(name), &error));
-    QVERIFY2(error.contains(moduleFile(name)) && error.contains(reason), qPrintable(error));
-    QVERIFY2(error.endsWith(QLatin1Char('.')) && !error.contains(QLatin1Char('\n')), qPrintable(error));
-    QTEST(takeEvents(), "events");
-    QVERIFY(m_manager->getPlugins().isEmpty());
-    QVERIFY(m_manager->getExtensions().isEmpty());
-    QVERIFY(!isMapped(name));
-
-    QVERIFY(!m_manager->loadPlugin(moduleFile(name)));
-    QVERIFY(m_manager->loadPlugin(moduleFile(QStringLiteral("RecordingNone"))));
-}
-
-void tst_PluginsManager::loadsAndUnloads()
-{
-    const QString file = moduleFile(QStringLiteral("RecordingNone"));
-    KlvPlugin* plugin = m_manager->loadPlugin(file);
-    QVERIFY(plugin);
-    QCOMPARE(plugin->getName().getString(), "Recording");
-    QCOMPARE(takeEvents(), QStringLiteral("first load, second load, third load"));
-    QCOMPARE(m_manager->getExtensions(), plugin->getExtensions());
-    QCOMPARE(m_manager->getPluginFile(plugin), file);
-
-    KlvProfile* profile = makeProfile("all", plugin->getExtensions());
-    m_manager->setActiveProfile(profile);
-    QVERIFY(plugin->getExtensions().first()->getProfileSetting());
-    takeEvents();
-
-    m_manager->unloadPlugin(plugin);
-    QCOMPARE(takeEvents(), QStringLiteral("third deactivate, second deactivate, first deactivate, "
-                                          "third unload, second unload, first unload, Recording deleted"));
-    QVERIFY(m_manager->getExtensions().isEmpty());
-    QVERIFY(!isMapped(QStringLiteral("RecordingNone")));
-
-    m_manager->unloadPlugin(plugin);
-    m_manager->unloadPlugin(nullptr);
-    m_manager->setActiveProfile(profile);
-    QCOMPARE(takeEvents(), QString());
-}
-
-void tst_PluginsManager::refusesToLoadTwice()
-{
-    const QString file = moduleFile(QStringLiteral("RecordingNone"));
-    QVERIFY(m_manager->loadPlugin(file));
-    QTemporaryDir folder;
-    const QString link = folder.filePath(QStringLiteral("link.so"));
-    QVERIFY(QFile::link(file, link));
-    takeEvents();
-    for (const QString& name : {file, QDir::current().relativeFilePath(file), link}) {
-        QString error;
-        QVERIFY(!m_manager->loadPlugin(name, &error));
-        QVERIFY2(error.contains(QLatin1String("already")), qPrintable(error));
-    }
-    QCOMPARE(m_manager->getPlugins().size(), 1);
-    QCOMPARE(takeEvents(), QString());
-}
-
-void tst_PluginsManager::switchesProfiles()
-{
-    const QList<KlvExtension*> all =
-        m_manager->loadPlugin(moduleFile(QStringLiteral("RecordingNone")))->getExtensions();
-    qRegisterMetaType<KlvProfile*>("KlvProfile*");
-    qRegisterMetaType<SoFieldContainer*>("SoFieldContainer*");
-    QSignalSpy listChanged(m_manager, &KlvPluginsManager::profilesChanged);
-    QSignalSpy activeChanged(m_manager, &KlvPluginsManager::activeProfileChanged);
-    QSignalSpy announced(KlvServices::getInstance(), &KlvServices::selectedNodeChanged);
-    KlvProfile* early = makeProfile("early", {all[1], all[0]});
-    KlvProfile* late = makeProfile("late", {all[2], all[1]});
-    QCOMPARE(m_manager->getProfilesList(), (QList<KlvProfile*>{early, late}));
-    QCOMPARE(listChanged.size(), 2);
-    takeEvents();
-
-    m_manager->setActiveProfile(early);
-    QCOMPARE(takeEvents(), QStringLiteral("first activate, second activate"));
-    m_manager->setActiveProfile(late);
-    QCOMPARE(takeEvents(), QStringLiteral("first deactivate, third activate"));
-    QVERIFY(!all[0]->isActive() && all[1]->isActive() && all[2]->isActive());
-    QVERIFY(!all[0]->getProfileSetting() && all[2]->getProfileSetting());
-    QCOMPARE(activeChanged.size(), 2);
-    QCOMPARE(announced.size(), 2);
-
-    // Settings added to the active profile take effect when it is made active again; that is no change of
-    // profile.
-    late->addSetting(all[0]);
-    m_manager->setActiveProfile(late);
-    QCOMPARE(takeEvents(), QStringLiteral("first activate"));
-    QCOMPARE(activeChanged.size(), 2);
-
-    KlvProfile stranger("stranger");
-    m_manager->setActiveProfile(&stranger);
-    QCOMPARE(m_manager->getActiveProfile(), late);
-    m_manager->removeProfile(late);
-    QCOMPARE(takeEvents(), QStringLiteral("third deactivate, second deactivate, first deactivate"));
-    QCOMPARE(m_manager->getActiveProfile(), nullptr);
-    QCOMPARE(m_manager->getProfilesList(), QList<KlvProfile*>{early});
-}
-
-void tst_PluginsManager::ordersControlledExtensions()
-{
-    KlvPlugin* plugin = m_manager->loadPlugin(moduleFile(QStringLiteral("RecordingNone")));
-    const QList<KlvExtension*> all = plugin->getExtensions();
-    KlvExtension stranger;
-    KlvProfile* profile = makeProfile("docks", {});
-    KlvProfileSetting* setting = profile->addSetting(&stranger);
-    for (KlvExtension* extension : {&stranger, all[2], all[0], all[2], all[1]})
-        setting->addControlledExtension(extension);
-    QCOMPARE(setting->getControlledExtensions(), all + QList<KlvExtension*>{&stranger});
-
-    m_manager->unloadPlugin(plugin);
-    QCOMPARE(setting->getControlledExtensions(), QList<KlvExtension*>{&stranger});
-}
-
-void tst_PluginsManager::survivesThrowingExtensions_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::newRow("activate") << "RecordingActivateThrows";
-    QTest::newRow("deactivate") << "RecordingDeactivateThrows";
-    QTest::newRow("unload") << "RecordingUnloadThrows";
-}
-
-void tst_PluginsManager::survivesThrowingExtensions()
-{
-    QFETCH(QString, name);
-    KlvPlugin* plugin = m_manager->loadPlugin(moduleFile(name));
-    QVERIFY(plugin);
-    m_manager->setActiveProfile(makeProfile("all", plugin->getExtensions()));
-    m_manager->setActiveProfile(nullptr);
-    m_manager->unloadPlugin(plugin);
-
-    // Every extension had its turn, whatever the one before it did.
-    const QString events = takeEvents();
-    for (const char* event :
-         {"first load", "second activate", "third activate", "first unload", "Recording deleted"})
-        QVERIFY2(events.contains(QLatin1String(event)), qPrintable(events));
-    QCOMPARE(m_errors, 3);
-    QVERIFY(!isMapped(name));
-}
-
-void tst_PluginsManager::unloadsWhileInUse()
-{
-    KlvServices* services = KlvServices::getInstance();
-    KlvPlugin* plugin = m_manager->loadPlugin(moduleFile(QStringLiteral("color_plugin")));
-    QVERIFY(plugin);
-    auto* editor = qobject_cast<KlvEditor*>(plugin->getExtensions().first());
-    QVERIFY(editor);
-    m_manager->setActiveProfile(makeProfile("all", plugin->getExtensions()));
-    auto* light = new SoDirectionalLight;
-    light->ref();
-    services->setSelectedField(&light->color);
-    editor->setEditedObject(&light->color);
-    editor->activate();
-
-    auto* edit = qobject_cast<QLineEdit*>(editor->getWidget());
-    QVERIFY(edit);
-    edit->selectAll();
-    QTest::keyClicks(edit, QStringLiteral("#ff0080"));
-    QTest::keyClick(edit, Qt::Key_Return);
-    QCOMPARE(light->color.getValue()[1], 0.0f);
-    QCOMPARE(services->getUndoStack()->count(), 1);
-    services->getUndoStack()->undo();
-    QCOMPARE(light->color.getValue(), SbColor(1, 1, 1));
-    services->getUndoStack()->redo();
-
-    m_manager->unloadPlugin(plugin);
-    QCOMPARE(services->getUndoStack()->count(), 0);
-    QVERIFY(!services->getSelectedField() && !services->getSelectedNode());
-    light->color = SbColor(0, 1, 0);
-    SoDB::getSensorManager()->processDelayQueue(TRUE);
-    light->unref();
-}
 
 KLV_TEST_MAIN(tst_PluginsManager)
 #include "tst_PluginsManager.moc"

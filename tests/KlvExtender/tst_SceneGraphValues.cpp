@@ -68,17 +68,6 @@ private Q_SLOTS:
         QVERIFY(identicalFields(slave, source));
     }
 
-    void byteSize()
-    {
-        SoMFVec3f vectors;
-        vectors.setNum(1000);
-        const std::vector<unsigned char> pixels(30 * 40 * 3);
-        SoSFImage image;
-        image.setValue(SbVec2s(30, 40), 3, pixels.data());
-        QCOMPARE(fieldByteSize(vectors) / 1000, 12);
-        QCOMPARE(fieldByteSize(image) / 1000, 3);
-    }
-
     void copies()
     {
         auto* cube = new SoCube;
@@ -216,18 +205,6 @@ private Q_SLOTS:
         const QByteArray text(100000, '%');
         QCOMPARE(posted<SoErrorStack>(text.constData()), "Coin error stack: [" + text + "]");
         QCOMPARE(posted<SoGLError>(text.constData()), "OpenGL error: [" + text + "]");
-    }
-
-    void typedObject()
-    {
-        auto* cube = new SoCube;
-        cube->ref();
-        const SoTypedObject field(&cube->width);
-        QVERIFY(SoTypedObject(static_cast<SoField*>(nullptr)).isNull() &&
-                SoTypedObject().getTypeId().isBad());
-        QVERIFY(field.getTypeId() == SoSFFloat::getClassTypeId() && !field.toFieldContainer());
-        QVERIFY(SoTypedObject(cube).getTypeId() == SoCube::getClassTypeId());
-        cube->unref();
     }
 };
 

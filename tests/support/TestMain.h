@@ -7,7 +7,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
-/// Warnings that a test fails on: all, but for what Qt's offscreen platform says of itself when a window is shown.
+/// Warnings that a test fails on: all, but for what Qt's offscreen platform says of itself when a window is
+/// shown.
 inline QRegularExpression unexpectedWarnings()
 {
     return QRegularExpression(QStringLiteral("^(?!This plugin does not support propagateSizeHints)"));
