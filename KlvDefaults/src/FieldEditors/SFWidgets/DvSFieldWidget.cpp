@@ -252,3 +252,9 @@ bool DvSFieldWidget::takeEcho()
     m_field->get(text);
     return text == m_echoText;
 }
+
+void DvSFieldWidget::expandSpacers()
+{
+    for (QSpacerItem* spacer : {m_labelSpacer, m_editionSpacer})
+        spacer->changeSize(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum);
+}

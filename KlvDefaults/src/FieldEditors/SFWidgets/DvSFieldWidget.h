@@ -67,6 +67,8 @@ protected:
     /// the inputs show then stands, be it another spelling of the value or a text that is still being
     /// entered.
     bool takeEcho();
+    /// Has both spacers take the free width, for inputs that do not grow with the row.
+    void expandSpacers();
 
     QLabel* m_label = nullptr;
     QPushButton* m_defaultButton = nullptr;
