@@ -16,7 +16,7 @@
 namespace {
 
 /// The width of a row, about that of a dock.
-constexpr int rowWidth = 420;
+constexpr int rowWidth = 440;
 
 SoFieldList fieldsOf(SoNode* scene)
 {
