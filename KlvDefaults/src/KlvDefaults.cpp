@@ -11,9 +11,15 @@ KlvDefaults::KlvDefaults()
 void KlvDefaults::load()
 {
     KlvExtension* const extensions[] = {
+        &m_sfDoubleWidget,
+        &m_sfFloatWidget,
+        &m_sfInt32Widget,
         &m_sfLineWidget,
         &m_sfNameWidget,
+        &m_sfShortWidget,
         &m_sfStringWidget,
+        &m_sfUInt32Widget,
+        &m_sfUShortWidget,
         &m_fieldEditorDockWin,
     };
     for (KlvExtension* extension : extensions)

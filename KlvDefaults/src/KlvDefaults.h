@@ -1,8 +1,14 @@
 #pragma once
 
+#include "FieldEditors/SFWidgets/DvSFDoubleWidget.h"
+#include "FieldEditors/SFWidgets/DvSFFloatWidget.h"
+#include "FieldEditors/SFWidgets/DvSFInt32Widget.h"
 #include "FieldEditors/SFWidgets/DvSFLineWidget.h"
 #include "FieldEditors/SFWidgets/DvSFNameWidget.h"
+#include "FieldEditors/SFWidgets/DvSFShortWidget.h"
 #include "FieldEditors/SFWidgets/DvSFStringWidget.h"
+#include "FieldEditors/SFWidgets/DvSFUInt32Widget.h"
+#include "FieldEditors/SFWidgets/DvSFUShortWidget.h"
 #include "KlvFieldEditorDockWin.h"
 
 #include <KlvExtender/KlvPlugin.h>
@@ -18,8 +24,14 @@ public:
     void load() override;
 
 private:
+    DvSFDoubleWidget m_sfDoubleWidget{nullptr};
+    DvSFFloatWidget m_sfFloatWidget{nullptr};
+    DvSFInt32Widget m_sfInt32Widget{nullptr};
     DvSFLineWidget m_sfLineWidget{nullptr};
     DvSFNameWidget m_sfNameWidget{nullptr};
+    DvSFShortWidget m_sfShortWidget{nullptr};
     DvSFStringWidget m_sfStringWidget{nullptr};
+    DvSFUInt32Widget m_sfUInt32Widget{nullptr};
+    DvSFUShortWidget m_sfUShortWidget{nullptr};
     KlvFieldEditorDockWin m_fieldEditorDockWin;
 };

@@ -24,8 +24,22 @@ class DvSFieldWidget : public KlvFieldEditors
     Q_OBJECT
 
 public:
+    /// The slider frame that an editor has as its edition frame.
+    enum SFFrameType
+    {
+        NoFrame,
+        FloatFrame,
+        DoubleFrame,
+        Int32Frame,
+        UInt32Frame,
+        ShortFrame,
+        UShortFrame
+    };
+
     /// `name` becomes the object name; null gives "DvSFieldWidget".
     explicit DvSFieldWidget(const char* name);
+    /// The same, with a slider frame as the edition frame.
+    DvSFieldWidget(SFFrameType type, const char* name);
 
     /// Builds the row. Called again it builds it anew.
     void load() override;
