@@ -11,48 +11,29 @@
 #include <Inventor/fields/SoFields.h>
 #include <Inventor/nodes/SoSubNode.h>
 
-#include <QCheckBox>
-#include <QComboBox>
 #include <QPushButton>
 #include <QWheelEvent>
 
 // clang-format off
 /// The kind, the name and the default value of a field for every editor.
 #define EVERY_FIELD(DO) \
-    DO(SoSFBitMask, bitMask, (SECOND)) \
-    DO(SoSFBool, flag, (FALSE)) \
-    DO(SoSFEnum, choice, (FIRST)) \
-    DO(SoSFDouble, real, (0.25)) \
-    DO(SoSFFloat, single, (0.25f)) \
-    DO(SoSFInt32, int32, (-7)) \
-    DO(SoSFTime, any, (SbTime(1.5))) \
-    DO(SoSFName, name, (SbName("x"))) \
+    DO(SoSFBitMask, bitMask, (SECOND)) DO(SoSFBool, flag, (FALSE)) DO(SoSFEnum, choice, (FIRST)) \
+    DO(SoSFDouble, real, (0.25)) DO(SoSFFloat, single, (0.25f)) DO(SoSFInt32, int32, (-7)) \
+    DO(SoSFTime, any, (SbTime(1.5))) DO(SoSFName, name, (SbName("x"))) \
     DO(SoSFPlane, plane, (SbPlane(SbVec3f(0, 1, 0), 2))) \
-    DO(SoSFRotation, rotation, (SbVec3f(0, 1, 0), 2)) \
-    DO(SoSFShort, int16, (-7)) \
-    DO(SoSFString, string, ("x")) \
-    DO(SoSFUInt32, uint32, (7)) \
-    DO(SoSFUShort, uint16, (7)) \
-    DO(SoSFVec2f, vec2f, (1, 2)) \
-    DO(SoSFVec2i32, vec2i32, (1, 2)) \
-    DO(SoSFVec2s, vec2s, (1, 2)) \
-    DO(SoSFVec3f, vec3f, (1, 2, 3)) \
-    DO(SoSFVec4f, vec4f, (1, 2, 3, 4))
+    DO(SoSFRotation, rotation, (SbVec3f(0, 1, 0), 2)) DO(SoSFShort, int16, (-7)) \
+    DO(SoSFString, string, ("x")) DO(SoSFUInt32, uint32, (7)) DO(SoSFUShort, uint16, (7)) \
+    DO(SoSFVec2f, vec2f, (1, 2)) DO(SoSFVec2i32, vec2i32, (1, 2)) DO(SoSFVec2s, vec2s, (1, 2)) \
+    DO(SoSFVec3f, vec3f, (1, 2, 3)) DO(SoSFVec4f, vec4f, (1, 2, 3, 4))
 #define DECLARE_FIELD(kind, name, value) kind name;
 #define ADD_FIELD(kind, name, value) SO_NODE_ADD_FIELD(name, value);
-// clang-format on
 
 class EveryKind : public SoNode
 {
     SO_NODE_HEADER(EveryKind);
 
 public:
-    enum Choice
-    {
-        NONE,
-        FIRST,
-        SECOND
-    };
+    enum Choice { NONE, FIRST, SECOND };
     static void initClass() { SO_NODE_INIT_CLASS(EveryKind, SoNode, "Node"); }
     EveryKind()
     {
@@ -68,6 +49,7 @@ public:
 };
 
 SO_NODE_SOURCE(EveryKind);
+// clang-format on
 
 namespace {
 
@@ -109,12 +91,10 @@ const Kind Kinds[] = {
 QStringList shownBy(const QWidget* widget)
 {
     QStringList shown;
-    for (const auto* line : widget->findChildren<QLineEdit*>())
-        shown += line->text();
-    for (const auto* box : widget->findChildren<QComboBox*>())
-        shown += box->currentText();
-    for (const auto* button : widget->findChildren<QAbstractButton*>())
-        shown += QString::number(button->isChecked());
+    for (const QWidget* child : widget->findChildren<QWidget*>()) {
+        for (const char* property : {"text", "currentText", "checked"})
+            shown += child->property(property).toString();
+    }
     return shown;
 }
 
@@ -156,17 +136,14 @@ private Q_SLOTS:
         QUndoStack* history = services->getUndoStack();
         services->setSelectedField(field);
 
-        std::size_t numEditors = 0;
         KlvEditor* editor = nullptr;
         for (KlvExtension* extension : plugin.getExtensions()) {
-            if (auto* candidate = dynamic_cast<KlvEditor*>(extension)) {
-                ++numEditors;
-                const SoType handled = candidate->getHandledType();
-                if (handled == field->getTypeId() || (handled == SoSField::getClassTypeId() && !editor))
-                    editor = candidate;
-            }
+            auto* candidate = dynamic_cast<KlvEditor*>(extension);
+            const SoType handled = candidate ? candidate->getHandledType() : SoType::badType();
+            if (handled == field->getTypeId() || (handled == SoSField::getClassTypeId() && !editor))
+                editor = candidate;
         }
-        QCOMPARE(numEditors, std::size(Kinds));
+        QCOMPARE(plugin.getExtensions().size(), std::size(Kinds) + 1); // and the dock
         QWidget* widget = editor->getWidget();
         editor->setEditedObject(field);
         const auto showAnew = [&] {
@@ -254,10 +231,9 @@ private Q_SLOTS:
             QVERIFY2(holds(extreme) && shown() == atEnd && atEnd == showAnew(), extreme);
         }
 
-        editor->deactivate();
-        plugin.unload();
         services->setSelectedNode(nullptr);
         history->clear();
+        editor->deactivate();
         for (SoNode* node : nodes)
             node->unref();
     }
