@@ -234,6 +234,7 @@ private Q_SLOTS:
         services->setSelectedNode(nullptr);
         history->clear();
         editor->deactivate();
+        plugin.unload();
         for (SoNode* node : nodes)
             node->unref();
     }
