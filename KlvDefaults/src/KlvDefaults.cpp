@@ -11,9 +11,25 @@ KlvDefaults::KlvDefaults()
 void KlvDefaults::load()
 {
     KlvExtension* const extensions[] = {
+        &m_sfBitMaskWidget,
+        &m_sfBoolWidget,
+        &m_sfEnumWidget,
+        &m_sfDoubleWidget,
+        &m_sfFloatWidget,
+        &m_sfInt32Widget,
         &m_sfLineWidget,
         &m_sfNameWidget,
+        &m_sfPlaneWidget,
+        &m_sfRotationWidget,
+        &m_sfShortWidget,
         &m_sfStringWidget,
+        &m_sfUInt32Widget,
+        &m_sfUShortWidget,
+        &m_sfVec2fWidget,
+        &m_sfVec2i32Widget,
+        &m_sfVec2sWidget,
+        &m_sfVec3fWidget,
+        &m_sfVec4fWidget,
         &m_fieldEditorDockWin,
     };
     for (KlvExtension* extension : extensions)

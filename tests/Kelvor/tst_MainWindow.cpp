@@ -68,11 +68,12 @@ class tst_MainWindow : public QObject
 
     QDockWidget* editorDock() const { return m_window->findChild<QDockWidget*>("KlvFieldEditorDockWin"); }
 
-    /// The text input of the editor, with the focus.
+    /// The text input of the editor, with the focus and its text selected.
     QLineEdit* input() const
     {
-        auto* edit = editorDock()->findChild<QLineEdit*>("lineEdit");
+        auto* edit = editorDock()->findChild<QLineEdit*>();
         edit->setFocus();
+        edit->selectAll();
         return edit;
     }
 
@@ -98,8 +99,7 @@ private Q_SLOTS:
     {
         m_services->setSelectedField(&cone()->height);
         QLineEdit* edit = input();
-        edit->selectAll();
-        QTest::keyClicks(edit, "7.25");
+        QTest::keyClicks(edit, "7.25\r");
         QCOMPARE(cone()->height.getValue(), 7.25f);
         QTest::keyClick(edit, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(cone()->height.getValue(), 3.0f);
@@ -143,7 +143,7 @@ private Q_SLOTS:
     {
         const QString other = write("other.iv", "#Inventor V2.1 ascii\nCube {}\n");
         m_services->setSelectedField(&cone()->height);
-        QTest::keyClicks(input(), "1");
+        QTest::keyClicks(input(), "1\r");
         SoNode* root = m_window->document()->root();
         {
             Answer cancel(QMessageBox::Cancel);

@@ -1,5 +1,6 @@
 // The field editors at work: typing, buttons, undo; and the tables and commands behind them.
 
+#include "EditedField.h"
 #include "FieldEditors/DvRangeSettings.h"
 #include "FieldEditors/KlvFieldSetDefaultCommand.h"
 #include "FieldEditors/KlvSFSetValueCommand.h"
@@ -9,7 +10,6 @@
 #include "FieldEditors/klsettings_fieldEditor.h"
 #include "TestMain.h"
 
-#include <KlvExtender/KlvServices.h>
 #include <KlvExtender/SceneGraph/SbStringText.h>
 
 #include <Inventor/errors/SoDebugError.h>
@@ -19,63 +19,10 @@
 #include <Inventor/fields/SoSFString.h>
 #include <Inventor/nodes/SoLabel.h>
 #include <Inventor/nodes/SoSeparator.h>
-#include <Inventor/sensors/SoSensorManager.h>
 
 #include <QClipboard>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
-#include <QUndoStack>
-
-namespace {
-
-void processSensors()
-{
-    SoDB::getSensorManager()->processDelayQueue(TRUE);
-}
-
-QByteArray textOf(SoField* field)
-{
-    SbString text;
-    field->get(text);
-    return text.getString();
-}
-
-/// An editor at work on one field, in a window of its own that has the keyboard focus.
-template <typename Editor>
-class Edited
-{
-public:
-    explicit Edited(SoField* field)
-    {
-        history->clear();
-        KlvServices::getInstance()->setSelectedField(field);
-        editor.load();
-        editor.setEditedObject(field);
-        editor.activate();
-        line = child<QLineEdit>("lineEdit");
-        line->activateWindow();
-        line->setFocus();
-        QApplication::processEvents();
-    }
-    ~Edited()
-    {
-        editor.deactivate();
-        editor.unload();
-        KlvServices::getInstance()->setSelectedNode(nullptr);
-    }
-    template <typename Widget>
-    Widget* child(const char* name)
-    {
-        return editor.getWidget()->template findChild<Widget*>(QString::fromUtf8(name));
-    }
-
-    QUndoStack* history = KlvServices::getInstance()->getUndoStack();
-    Editor editor{nullptr};
-    QLineEdit* line = nullptr;
-};
-
-} // namespace
 
 class tst_FieldEditors : public QObject
 {

@@ -10,8 +10,8 @@
 #include <KlvExtender/KlvProfileSetting.h>
 #include <KlvExtender/KlvServices.h>
 
-#include <Inventor/fields/SoSFFloat.h>
 #include <Inventor/fields/SoSFString.h>
+#include <Inventor/fields/SoSFTime.h>
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoFile.h>
 
@@ -57,8 +57,13 @@ private Q_SLOTS:
             classes += QString::fromUtf8(extension->metaObject()->className());
             setting->addControlledExtension(extension);
         }
-        QCOMPARE(classes.join(' '),
-                 QStringLiteral("DvSFLineWidget DvSFNameWidget DvSFStringWidget KlvFieldEditorDockWin"));
+        QCOMPARE(
+            classes.join(' '),
+            QStringLiteral("DvSFBitMaskWidget DvSFBoolWidget DvSFEnumWidget DvSFDoubleWidget DvSFFloatWidget "
+                           "DvSFInt32Widget DvSFLineWidget DvSFNameWidget DvSFPlaneWidget DvSFRotationWidget "
+                           "DvSFShortWidget DvSFStringWidget DvSFUInt32Widget DvSFUShortWidget "
+                           "DvSFVec2fWidget DvSFVec2i32Widget DvSFVec2sWidget DvSFVec3fWidget "
+                           "DvSFVec4fWidget KlvFieldEditorDockWin"));
         manager->addProfile(profile);
         manager->setActiveProfile(profile);
         QCOMPARE(shell.takeCalls(),
@@ -79,16 +84,17 @@ private Q_SLOTS:
         };
         auto* file = new SoFile;
         file->ref();
-        SoSFFloat number;
+        SoSFTime time;
         QCOMPARE(shown(&file->name), QStringLiteral("DvSFStringWidget"));
-        QCOMPARE(shown(&number), QStringLiteral("DvSFLineWidget"));
+        QCOMPARE(shown(&time), QStringLiteral("DvSFLineWidget"));
         QCOMPARE(shown(&(new SoCoordinate3)->point), QString());
         // Among equally specific editors the last one is chosen; one that is not controlled never is.
         OtherStringEditor other;
         setting->addControlledExtension(&other);
         QCOMPARE(shown(&file->name), QStringLiteral("KlvEditor"));
         setting->removeControlledExtension(&other);
-        setting->removeControlledExtension(plugin->getExtensions()[2]);
+        setting->removeControlledExtension(
+            plugin->getExtensions()[classes.indexOf(QStringLiteral("DvSFStringWidget"))]);
         QCOMPARE(shown(nullptr), QString());
         QCOMPARE(shown(&file->name), QStringLiteral("DvSFLineWidget"));
 
@@ -101,7 +107,7 @@ private Q_SLOTS:
         doomed->unref();
         QVERIFY(dock->isHidden() && !dock->widget());
 
-        QCOMPARE(shown(&number), QStringLiteral("DvSFLineWidget"));
+        QCOMPARE(shown(&time), QStringLiteral("DvSFLineWidget"));
         manager->unloadPlugin(plugin);
         QCOMPARE(shell.takeCalls(),
                  QStringList({"removeDockWidget Field Editor", "extensionDeactivated Field Editor"}));

@@ -15,14 +15,26 @@ KlvFieldSetDefaultCommand::KlvFieldSetDefaultCommand(SoField* field, SoField* de
     m_defaultCopy.reset(static_cast<SoField*>(defaultField->getTypeId().createInstance()));
     if (m_defaultCopy)
         m_defaultCopy->copyFrom(*defaultField);
+    // The copy of a bit mask lacks the names of the bits and is equal to none that has them.
+    if (m_defaultCopy && !m_defaultCopy->isSame(*defaultField))
+        m_defaultCopy.reset();
 }
 
 KlvFieldSetDefaultCommand::~KlvFieldSetDefaultCommand() = default;
 
 void KlvFieldSetDefaultCommand::execute()
 {
-    if (setFieldFromText(getField(), m_defaultValue) && m_defaultCopy && getField()->isSame(*m_defaultCopy))
+    if (setFieldFromText(getField(), m_defaultValue) && hasDefaultValue())
         getField()->setDefault(TRUE);
+}
+
+bool KlvFieldSetDefaultCommand::hasDefaultValue() const
+{
+    if (m_defaultCopy)
+        return getField()->isSame(*m_defaultCopy);
+    SbString value;
+    getField()->get(value);
+    return value == m_defaultValue;
 }
 
 void KlvFieldSetDefaultCommand::undo()

@@ -30,9 +30,11 @@ public:
     bool isMultiValue() const { return m_multiValue; }
 
 private:
+    bool hasDefaultValue() const;
+
     bool m_multiValue = false;
     SbString m_defaultValue;
     SbString m_previousValue;
-    /// For the comparison only; null for a kind that cannot be copied.
+    /// For the comparison only; null for a kind that cannot be copied, whose texts are compared.
     std::unique_ptr<SoField> m_defaultCopy;
 };

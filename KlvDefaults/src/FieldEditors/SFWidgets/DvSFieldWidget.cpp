@@ -1,5 +1,8 @@
 #include "FieldEditors/SFWidgets/DvSFieldWidget.h"
 
+#include "FieldEditors/DvIntSlider.h"
+#include "FieldEditors/DvRealSlider.h"
+#include "FieldEditors/DvUIntSlider.h"
 #include "FieldEditors/KlvFieldIgnoredCommand.h"
 #include "FieldEditors/KlvSFSetValueCommand.h"
 #include "FieldEditors/default_icon.xpm"
@@ -44,6 +47,28 @@ QIcon makeToggleIcon(const QPixmap& on)
     return icon;
 }
 
+template <bool isFloat>
+QFrame* createReal(KlvFieldEditors* owner, QWidget* parent)
+{
+    return new DvRealSlider(DvSlider::SingleValue, owner, parent, isFloat, 0, 1);
+}
+
+template <typename Slider, DvSlider::SliderType type>
+QFrame* createInteger(KlvFieldEditors* owner, QWidget* parent)
+{
+    return new Slider(type, DvSlider::SingleValue, owner, parent, 0, 1);
+}
+
+/// What makes the slider frame of each frame type, from `FloatFrame` on.
+QFrame* (*const createSliderFrame[])(KlvFieldEditors* owner, QWidget* parent) = {
+    createReal<true>,
+    createReal<false>,
+    createInteger<DvIntSlider, DvSlider::Int32>,
+    createInteger<DvUIntSlider, DvSlider::UInt32>,
+    createInteger<DvIntSlider, DvSlider::Int16>,
+    createInteger<DvUIntSlider, DvSlider::UInt16>,
+};
+
 } // namespace
 
 DvSFieldWidget::DvSFieldWidget(const char* name)
@@ -53,7 +78,19 @@ DvSFieldWidget::DvSFieldWidget(const char* name)
     setObjectName(QString::fromUtf8(name ? name : "DvSFieldWidget"));
 }
 
-DvSFieldWidget::~DvSFieldWidget() = default;
+DvSFieldWidget::DvSFieldWidget(SFFrameType type, const char* name)
+    : DvSFieldWidget(name)
+{
+    if (type >= FloatFrame && type <= UShortFrame)
+        m_editionFrame = createSliderFrame[type - FloatFrame](this, getWidgetContainer());
+}
+
+DvSFieldWidget::~DvSFieldWidget()
+{
+    // The container goes with the base class; an input that then lost the focus would still commit here.
+    if (getWidgetContainer())
+        delete m_editionFrame;
+}
 
 void DvSFieldWidget::load()
 {
@@ -99,14 +136,21 @@ void DvSFieldWidget::clear()
     if (!m_layout)
         return;
     delete m_layout;
-    delete m_editionFrame;
     delete m_defaultButton;
     delete m_ignoreButton;
+    // A slider frame is as old as the editor.
+    if (qobject_cast<DvSlider*>(m_editionFrame))
+        return;
+    delete m_editionFrame;
     m_editionFrame = nullptr;
 }
 
 void DvSFieldWidget::buildEditionFrame()
 {
+    if (m_editionFrame) {
+        m_editLayout = static_cast<QHBoxLayout*>(m_editionFrame->layout());
+        return;
+    }
     m_editionFrame = new QFrame(getWidgetContainer());
     m_editionFrame->setObjectName(QStringLiteral("m_editionFrame"));
     setBox(m_editionFrame, klsettings_fieldEditor("frameLineWidth"));
@@ -251,4 +295,10 @@ bool DvSFieldWidget::takeEcho()
     SbString text;
     m_field->get(text);
     return text == m_echoText;
+}
+
+void DvSFieldWidget::expandSpacers()
+{
+    for (QSpacerItem* spacer : {m_labelSpacer, m_editionSpacer})
+        spacer->changeSize(0, 0, QSizePolicy::Expanding, QSizePolicy::Minimum);
 }

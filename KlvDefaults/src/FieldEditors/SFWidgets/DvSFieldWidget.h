@@ -24,8 +24,22 @@ class DvSFieldWidget : public KlvFieldEditors
     Q_OBJECT
 
 public:
+    /// The slider frame that an editor has as its edition frame.
+    enum SFFrameType
+    {
+        NoFrame,
+        FloatFrame,
+        DoubleFrame,
+        Int32Frame,
+        UInt32Frame,
+        ShortFrame,
+        UShortFrame
+    };
+
     /// `name` becomes the object name; null gives "DvSFieldWidget".
     explicit DvSFieldWidget(const char* name);
+    /// The same, with a slider frame as the edition frame.
+    DvSFieldWidget(SFFrameType type, const char* name);
 
     /// Builds the row. Called again it builds it anew.
     void load() override;
@@ -67,6 +81,8 @@ protected:
     /// the inputs show then stands, be it another spelling of the value or a text that is still being
     /// entered.
     bool takeEcho();
+    /// Has both spacers take the free width, for inputs that do not grow with the row.
+    void expandSpacers();
 
     QLabel* m_label = nullptr;
     QPushButton* m_defaultButton = nullptr;

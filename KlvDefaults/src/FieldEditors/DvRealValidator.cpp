@@ -1,0 +1,51 @@
+#include "FieldEditors/DvRealValidator.h"
+
+#include <QLocale>
+#include <QRegularExpression>
+
+#include <limits>
+
+namespace {
+
+/// Numbers below 1 that are shown with as many significant digits as larger ones have decimals.
+QRegularExpression smallNumber(int digits)
+{
+    return QRegularExpression(QStringLiteral("^[-+]?0?\\.0+[0-9]{1,%1}$").arg(digits));
+}
+
+} // namespace
+
+DvRealValidator::DvRealValidator(Precision precision, QObject* parent)
+    : QDoubleValidator(parent)
+    , m_precision(precision)
+{
+    QLocale locale = QLocale::c();
+    locale.setNumberOptions(QLocale::OmitGroupSeparator | QLocale::RejectGroupSeparator);
+    setLocale(locale);
+    resetRange();
+}
+
+void DvRealValidator::resetRange()
+{
+    if (m_precision == Float)
+        setRange(std::numeric_limits<float>::lowest(), std::numeric_limits<float>::max(), 6);
+    else
+        setRange(std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max(), 15);
+}
+
+QValidator::State DvRealValidator::validate(QString& text, int& position) const
+{
+    if (QLocale().decimalPoint() == QLatin1String(","))
+        text.replace(QLatin1Char(','), QLatin1Char('.'));
+    const State state = QDoubleValidator::validate(text, position);
+    bool isNumber = false;
+    text.toDouble(&isNumber);
+    if (state == Invalid) {
+        if (isNumber && smallNumber(decimals()).match(text).hasMatch())
+            return Acceptable;
+        // What is left of "inf" or "nan" while it is deleted.
+        static const QRegularExpression notFinite(QStringLiteral("^-?[infa]+$"));
+        return notFinite.match(text).hasMatch() ? Intermediate : Invalid;
+    }
+    return m_outsideAccepted && isNumber ? Acceptable : state;
+}

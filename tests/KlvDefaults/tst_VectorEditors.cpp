@@ -1,0 +1,256 @@
+// The editors of vectors, planes and rotations: what they show, what typing does to the field and what it
+// leaves.
+
+#include "EditedField.h"
+#include "FieldEditors/SFWidgets/DvSFPlaneWidget.h"
+#include "FieldEditors/SFWidgets/DvSFRotationWidget.h"
+#include "FieldEditors/SFWidgets/DvSFVec2fWidget.h"
+#include "FieldEditors/SFWidgets/DvSFVec2i32Widget.h"
+#include "FieldEditors/SFWidgets/DvSFVec2sWidget.h"
+#include "FieldEditors/SFWidgets/DvSFVec3fWidget.h"
+#include "FieldEditors/SFWidgets/DvSFVec4fWidget.h"
+#include "TestMain.h"
+
+#include <Inventor/errors/SoDebugError.h>
+#include <Inventor/fields/SoSFPlane.h>
+#include <Inventor/fields/SoSFRotation.h>
+
+#include <QLabel>
+#include <QSpinBox>
+#include <QWheelEvent>
+
+namespace {
+
+QStringList textsOf(const QList<QLineEdit*>& edits)
+{
+    QStringList texts;
+    for (QLineEdit* edit : edits)
+        texts += edit->text();
+    return texts;
+}
+
+void enter(QLineEdit* edit, const char* text, Qt::Key key)
+{
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClicks(edit, QString::fromLatin1(text));
+    QTest::keyClick(edit, key);
+}
+
+/// Shows a value, with its captions, and commits it without having typed anything.
+template <typename Editor, typename Field>
+void showAndReturn(const char* value, const QStringList& texts, const QStringList& captions)
+{
+    Field field;
+    QVERIFY(field.set(value));
+    field.setDefault(TRUE);
+    const Field before = field;
+    Edited<Editor> edited(&field);
+    const auto edits = edited.template children<QLineEdit>();
+    QCOMPARE(textsOf(edits), texts);
+    for (int i = 0; i < edits.size(); ++i) {
+        QCOMPARE(edited.template children<QLabel>()[i + 1]->text(), "<p>" + captions[i] + "</p>");
+        QCOMPARE(edits[i]->accessibleName(), captions[i]);
+        if (i == 0)
+            QCOMPARE(edits[i]->cursorPosition(), 0);
+        QTest::keyClick(edits[i], Qt::Key_Return);
+        QTest::keyClick(edits[i], Qt::Key_Tab);
+    }
+    processSensors();
+    QVERIFY(field == before && field.isDefault() && edited.history->count() == 0);
+}
+
+} // namespace
+
+class tst_VectorEditors : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(unexpectedWarnings()); }
+
+    void shownAndKept()
+    {
+        showAndReturn<DvSFVec2fWidget, SoSFVec2f>("1234567 0.5", {"1.23457e+06", "0.5"}, {"x", "y"});
+        showAndReturn<DvSFVec3fWidget, SoSFVec3f>("0.00012345678 -1e-30 3.4028234e38",
+                                                  {"0.000123457", "-1e-30", "3.40282e+38"}, {"x", "y", "z"});
+        showAndReturn<DvSFVec4fWidget, SoSFVec4f>("0.1 0 1e-44 7", {"0.1", "0", "9.80909e-45", "7"},
+                                                  {"x", "y", "z", "w"});
+        showAndReturn<DvSFPlaneWidget, SoSFPlane>(
+            "1 2 3 4.00000048", {"0.267261", "0.534522", "0.801784", "4"}, {"x", "y", "z", "distance"});
+        showAndReturn<DvSFRotationWidget, SoSFRotation>("0 0 1 0", {"0", "0", "1", "0"},
+                                                        {"x", "y", "z", "radians"});
+        showAndReturn<DvSFRotationWidget, SoSFRotation>("1 2 3 4", {"0.267261", "0.534522", "0.801784", "4"},
+                                                        {"x", "y", "z", "radians"});
+    }
+
+    void othersKeepTheirDigits()
+    {
+        SoSFVec3f field;
+        const SbVec3f before(1.0f / 3, 2.0f / 3, 1e-5f / 3);
+        field.setValue(before);
+        Edited<DvSFVec3fWidget> edited(&field);
+        const auto edits = edited.children<QLineEdit>();
+        enter(edits[0], "0.25", Qt::Key_Tab);
+        QVERIFY(field.getValue() == SbVec3f(0.25f, before[1], before[2]));
+        // What follows is typed over the next component, before and after the echo.
+        processSensors();
+        QCOMPARE(edits[1]->selectedText(), QStringLiteral("0.666667"));
+        QTest::keyClicks(edits[1], "-7");
+        edits[0]->setFocus();
+        QVERIFY(field.getValue() == SbVec3f(0.25f, -7, before[2]));
+        enter(edits[0], "8", Qt::Key_Return);
+        QTest::keyClick(edits[0], Qt::Key_Tab);
+        QTest::keyClicks(edits[1], "9");
+        processSensors();
+        QCOMPARE(textsOf(edits), QStringList({"8", "9", "3.33333e-06"}));
+        QCOMPARE(edits[1]->cursorPosition(), 1);
+        edited.history->undo();
+        QVERIFY(field.getValue() == before);
+        // Elsewhere changed, it is what counts.
+        field.setValue(1, 2, 1.0f / 7);
+        processSensors();
+        QCOMPARE(textsOf(edits), QStringList({"1", "2", "0.142857"}));
+        QVERIFY(edits[1]->cursorPosition() == 0 && !edited.editor.edited());
+    }
+
+    void textsOfTheSameComponent()
+    {
+        SoSFVec2f field;
+        field.setValue(0.5f, 1.0f / 3);
+        Edited<DvSFVec2fWidget> edited(&field);
+        const QByteArray before = textOf(&field);
+        struct
+        {
+            const char* text;
+            Qt::Key key;
+            const char* shown;
+            float x;
+        } const rows[] = {
+            {"7", Qt::Key_Return, "7", 7},
+            {"0.5", Qt::Key_Return, "0.5", 0.5f}, // again, with no refresh in between
+            {"1e39", Qt::Key_Return, "1e39", 0.5f},
+            {"1e", Qt::Key_Tab, "0.5", 0.5f},
+            {"0.000123458", Qt::Key_Tab, "0.000123458", 0.000123458f},
+            {"-1.5e-7", Qt::Key_Tab, "-1.5e-7", -1.5e-7f},
+            {"0.1234567", Qt::Key_Return, "0.123456", 0.123456f},
+        };
+        for (const auto& [text, key, shown, x] : rows) {
+            enter(edited.line, text, key);
+            QCOMPARE(edited.line->text(), QString::fromLatin1(shown));
+            QVERIFY2(field.getValue() == SbVec2f(x, 1.0f / 3), text);
+        }
+    }
+
+    void planes()
+    {
+        SoSFPlane field;
+        field.setValue(SbPlane(SbVec3f(0.3f, -0.2f, 0.7f), 1.0f / 3));
+        const SbVec3f normal = field.getValue().getNormal();
+        Edited<DvSFPlaneWidget> edited(&field);
+        const auto edits = edited.children<QLineEdit>();
+        for (const char* distance : {"0.1", "-300000.3", "1e-10", "7"}) {
+            enter(edits[3], distance, Qt::Key_Return);
+            QVERIFY(field.getValue().getNormal() == normal);
+            QCOMPARE(field.getValue().getDistanceFromOrigin(), QByteArray(distance).toFloat());
+        }
+        for (const auto& [i, text] : {std::pair(0, "3"), {1, "0"}, {2, "4"}}) {
+            enter(edits[i], text, Qt::Key_Tab);
+            processSensors();
+        }
+        QVERIFY(field.getValue().getNormal().equals(SbVec3f(0.8f, 0, 4) / std::sqrt(16.64f), 0.5f));
+        QCOMPARE(field.getValue().getDistanceFromOrigin(), 7.0f);
+    }
+
+    void rotationIsCommittedAsAWhole()
+    {
+        SoSFRotation field;
+        field.setValue(SbRotation(SbVec3f(0.6f, 0.8f, 0), 2));
+        const SbRotation before = field.getValue();
+        Edited<DvSFRotationWidget> edited(&field);
+        const auto edits = edited.children<QLineEdit>();
+        const char* const typed[] = {"1", "2", "-2", "0.5"};
+        for (int i = 0; i < 3; ++i)
+            enter(edits[i], typed[i], Qt::Key_Tab);
+        enter(edits[3], typed[3], Qt::Key_Home);
+        for (const Qt::FocusReason reason :
+             {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
+            QFocusEvent event(QEvent::FocusOut, reason);
+            QApplication::sendEvent(edits[3], &event);
+        }
+        processSensors();
+        QVERIFY(field.getValue() == before && edited.history->count() == 0);
+        edited.outside->setFocus();
+        const SbRotation expected(SbVec3f(1, 2, -2), 0.5f);
+        QVERIFY(field.getValue() == expected && edited.history->count() == 1);
+        processSensors();
+        QCOMPARE(textsOf(edits), QStringList({"0.333333", "0.666667", "-0.666667", "0.5"}));
+        edited.history->undo();
+        QVERIFY(field.getValue() == before);
+
+        // Half a number stays out, and so does an axis that is none.
+        processSensors();
+        enter(edits[3], "1e", Qt::Key_Home);
+        edited.outside->setFocus();
+        QCOMPARE(edits[3]->text(), QLatin1String("2"));
+        QVERIFY(field.getValue() == before);
+        static int warnings;
+        warnings = 0;
+        SoDebugError::setHandlerCallback([](const SoError*, void*) { ++warnings; }, nullptr);
+        for (int i = 0; i < 3; ++i)
+            enter(edits[i], "0", Qt::Key_Tab);
+        QTest::keyClick(edits[3], Qt::Key_Return);
+        QVERIFY(field.getValue() == before && warnings == 1);
+        QCOMPARE(textsOf(edits).mid(0, 3), QStringList({"0", "0", "0"}));
+        // The field is left with something still to be committed.
+        enter(edits[2], "1", Qt::Key_Home);
+        edited.editor.deactivate();
+        QVERIFY(field.getValue().equals(SbRotation(SbVec3f(0, 0, 1), 2), 1e-6f) && warnings == 1);
+        SoDebugError::setHandlerCallback(nullptr, nullptr);
+    }
+
+    void spinBoxes()
+    {
+        SoSFVec2s field;
+        field.setValue(-32768, 5);
+        Edited<DvSFVec2sWidget> edited(&field);
+        const auto boxes = edited.children<QSpinBox>();
+        QCOMPARE(boxes[0]->text(), QStringLiteral("-32768"));
+        // The caret stays where it is while one types; 123456 is more than such a component can be.
+        boxes[0]->selectAll();
+        QTest::keyClicks(boxes[0], "13");
+        QTest::keyClick(boxes[0], Qt::Key_Left);
+        processSensors();
+        QTest::keyClicks(boxes[0], "2456");
+        QVERIFY(field.getValue() == SbVec2s(12453, 5));
+        // A change of both components from elsewhere is shown and not written back half; one that is not
+        // shown yet is not undone by an edit of the other component.
+        field.setValue(1, 2);
+        processSensors();
+        QVERIFY(boxes[0]->value() == 1 && boxes[1]->value() == 2 && field.getValue() == SbVec2s(1, 2));
+        field.setValue(1, 3);
+        QTest::keyClick(boxes[0], Qt::Key_Up);
+        QVERIFY(field.getValue() == SbVec2s(2, 3));
+        processSensors();
+        QCOMPARE(boxes[1]->value(), 3);
+        edited.history->undo();
+        QVERIFY(field.getValue() == SbVec2s(-32768, 5));
+
+        QVERIFY(!boxes[1]->hasFocus());
+        QWheelEvent wheel(QPointF(5, 5), boxes[1]->mapToGlobal(QPointF(5, 5)), {}, {0, 120}, {}, {}, {},
+                          false);
+        QApplication::sendEvent(boxes[1], &wheel);
+        QVERIFY(field.getValue() == SbVec2s(-32768, 5));
+
+        SoSFVec2i32 wide;
+        wide.setValue(0, -2147483647 - 1);
+        Edited<DvSFVec2i32Widget> wideEdited(&wide);
+        const auto wideBoxes = wideEdited.children<QSpinBox>();
+        wideBoxes[0]->selectAll();
+        QTest::keyClicks(wideBoxes[0], "2147483647");
+        QVERIFY(wide.getValue() == SbVec2i32(2147483647, -2147483647 - 1));
+    }
+};
+
+KLV_TEST_MAIN(tst_VectorEditors)
+#include "tst_VectorEditors.moc"
