@@ -86,6 +86,8 @@ void SelectedFieldCopy::renew()
         m_copy.reset();
         m_copy = FieldSnapshot::take(*m_field, m_limit);
     }
-    // A tenth of the time at most goes into copies of a field that is changing all the time.
-    m_idle.setInterval(int(std::min<qint64>(10 * cost.elapsed(), 2000)));
+    // A tenth of the time at most goes into copies of a large field that is changing all the time; small ones
+    // are cheap.
+    const qint64 milliseconds = cost.elapsed();
+    m_idle.setInterval(milliseconds < 2 ? 0 : int(std::min<qint64>(10 * milliseconds, 2000)));
 }
