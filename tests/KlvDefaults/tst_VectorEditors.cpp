@@ -145,7 +145,7 @@ private Q_SLOTS:
     void planes()
     {
         SoSFPlane field;
-        field.setValue(SbPlane(SbVec3f(0.3f, -0.2f, 0.7f), 1.0f / 3));
+        field.setValue(SbPlane(SbVec3f(1, 2, 3), 1.0f / 3));
         const SbVec3f normal = field.getValue().getNormal();
         Edited<DvSFPlaneWidget> edited(&field);
         const auto edits = edited.children<QLineEdit>();
@@ -158,7 +158,7 @@ private Q_SLOTS:
             enter(edits[i], text, Qt::Key_Tab);
             processSensors();
         }
-        QVERIFY(field.getValue().getNormal().equals(SbVec3f(0.8f, 0, 4) / std::sqrt(16.64f), 0.5f));
+        QVERIFY(field.getValue().getNormal().equals(SbVec3f(0.23485f, 0, 0.97203f), 1e-4f));
         QCOMPARE(field.getValue().getDistanceFromOrigin(), 7.0f);
     }
 
@@ -204,6 +204,11 @@ private Q_SLOTS:
         QCOMPARE(textsOf(edits).mid(0, 3), QStringList({"0", "0", "0"}));
         // The field is left with something still to be committed.
         enter(edits[2], "1", Qt::Key_Home);
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QApplication::processEvents();
+        QVERIFY(field.getValue() == before && !edited.window.isActiveWindow());
         edited.editor.deactivate();
         QVERIFY(field.getValue().equals(SbRotation(SbVec3f(0, 0, 1), 2), 1e-6f) && warnings == 1);
         SoDebugError::setHandlerCallback(nullptr, nullptr);
