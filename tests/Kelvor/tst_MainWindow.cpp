@@ -174,7 +174,7 @@ private Q_SLOTS:
         auto* node =
             static_cast<SoInfo*>(static_cast<SoSeparator*>(m_window->document()->root())->getChild(0));
         m_services->setSelectedField(&node->string);
-        QTest::keyClicks(input(), "er");
+        QTest::keyClicks(input(), "older");
         Answer cancel(QMessageBox::Cancel);
         QVERIFY(!m_window->close());
         QCOMPARE(node->string.getValue(), SbString("older"));

@@ -220,10 +220,11 @@ private Q_SLOTS:
         }
         delete second;
         m_view->setMinimumSize(0, 0);
+        QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
         for (const QSize size : {QSize(500, 120), QSize(1, 1), QSize(0, 0), QSize(90, 400)}) {
             m_view->resize(size);
-            QTest::qWait(20);
-            QCOMPARE(picture().size(), size.expandedTo(QSize(1, 1)));
+            // The window manager has its say, in its own time.
+            QTRY_COMPARE(picture().size(), size.expandedTo(QSize(1, 1)));
         }
         SoSeparator* const part = sceneOf("Separator { BaseColor { rgb 0 0 1 } Sphere {} }");
         m_root->addChild(part);
