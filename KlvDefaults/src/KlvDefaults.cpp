@@ -10,6 +10,8 @@ KlvDefaults::KlvDefaults()
 
 void KlvDefaults::load()
 {
+    // One a line, so that a new editor is a new line.
+    // clang-format off
     KlvExtension* const extensions[] = {
         &m_sfBitMaskWidget,
         &m_sfBoolWidget,
@@ -32,6 +34,7 @@ void KlvDefaults::load()
         &m_sfVec4fWidget,
         &m_fieldEditorDockWin,
     };
+    // clang-format on
     for (KlvExtension* extension : extensions)
         addExtension(extension);
     KlvPlugin::load();
