@@ -1,41 +1,74 @@
 #pragma once
 
+#include "ElementRange.h"
+
 #include <QtGlobal>
 
 #include <memory>
 
 class SoField;
+class SoMField;
 
-/// A typed copy of a field: its value, its default flag and its ignored flag at one moment. Immutable; shared
-/// between the steps of the history that lie on either side of the moment.
+/// A typed copy of a field: its value, its default flag and its ignored flag at one moment; shared between
+/// the steps of the history that lie on either side of the moment, and immutable from then on.
+///
+/// Of a large multi-value field it may be a copy of some neighbouring elements only, with the number of all
+/// elements: it then says nothing of the others but how many there are.
 class FieldSnapshot
 {
 public:
     using Ptr = std::shared_ptr<const FieldSnapshot>;
 
-    /// A copy of the field as it is now; null when its value takes more than `limit` bytes or its type cannot
-    /// be instantiated.
-    static Ptr take(const SoField& field, qint64 limit);
+    /// True for fields that are so large that copies of parts of them are worth while. Costs the same for
+    /// fields of every size.
+    static bool isLarge(const SoField& field);
+
+    /// A copy of the field as it is now; null when it takes more than `limit` bytes or the field's type
+    /// cannot be instantiated.
+    static std::shared_ptr<FieldSnapshot> take(const SoField& field, qint64 limit);
+    /// A copy of those elements of a range that exist; null likewise.
+    static Ptr take(const SoMField& field, ElementRange range, qint64 limit);
+    /// A copy, however large, of the part of the field that this is a copy of.
+    Ptr takeAlike(const SoField& field) const;
 
     ~FieldSnapshot();
 
     FieldSnapshot(const FieldSnapshot&) = delete;
     FieldSnapshot& operator=(const FieldSnapshot&) = delete;
 
-    /// True when the field is now as it was then, value (bit for bit) and flags.
+    /// True for copies of the whole field, or null, and for copies of the same elements of as many.
+    static bool haveSameScope(const Ptr& a, const Ptr& b);
+
+    /// True when the field is now as it was then, value (bit for bit) and flags; of a part, that part and the
+    /// number of elements.
     bool matches(const SoField& field) const;
 
-    /// Makes the field what it was then. A field that is so already is not touched.
+    /// Makes the field what it was then and notifies at most once. What is so already is not touched. Of a
+    /// part: elements are deleted or inserted at the beginning of the part to make the number what it was.
     void restore(SoField& field) const;
 
+    /// Brings a copy of a whole field up to date that nobody shares, after changes to no other elements than
+    /// those in `changed`, which the change of their number, if any, has moved.
+    void update(const SoMField& field, ElementRange changed);
+    /// Bytes that this copy takes.
+    qint64 bytes() const { return m_bytes; }
     /// Bytes that all copies of the process take.
     static qint64 totalBytes();
 
 private:
-    FieldSnapshot(std::unique_ptr<SoField> copy, const SoField& field, qint64 bytes);
+    FieldSnapshot(std::unique_ptr<SoField> copy, const SoField& field);
+
+    bool isPart() const { return m_begin >= 0; }
+    ElementRange part() const;
+    bool hasSameValue(const SoField& field) const;
+    void restoreElements(SoMField& field) const;
+    void takeFlags(const SoField& field);
+    void addBytes(qint64 bytes);
 
     std::unique_ptr<SoField> m_copy;
-    bool m_default;
-    bool m_ignored;
-    qint64 m_bytes;
+    int m_begin = -1; ///< of a part: its first element
+    int m_num = 0;    ///< of a part: the number of all elements
+    bool m_default = false;
+    bool m_ignored = false;
+    qint64 m_bytes = 0;
 };

@@ -1,21 +1,23 @@
 #include "History.h"
 
 #include "Guarded.h"
-#include "HistoryStep.h"
 #include "SelectedFieldCopy.h"
 
 #include <KlvExtender/KlvCommand.h>
 
-#include <Inventor/fields/SoField.h>
 #include <Inventor/fields/SoFieldContainer.h>
+#include <Inventor/fields/SoMField.h>
 
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include <algorithm>
+
 History::History(SelectedFieldCopy& selected)
     : m_selected(selected)
 {
+    s_current = this;
     if (auto* application = QCoreApplication::instance())
         application->installEventFilter(this);
     // Any walk through the history ends the burst of edits before it, and the next edit starts from where it
@@ -23,14 +25,24 @@ History::History(SelectedFieldCopy& selected)
     connect(&m_stack, &QUndoStack::indexChanged, this, [this] {
         if (!m_pushing) {
             ++m_epoch;
-            m_selected.renewIfStale();
+            m_selected.settle();
         }
     });
+}
+
+History::~History()
+{
+    s_current = nullptr;
 }
 
 void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* container)
 {
     SoField* field = command->getField();
+    if (field && m_scope && m_scope->field == field) {
+        if (guarded([&] { command->execute(); }))
+            (m_scope->first ? m_scope->last : m_scope->first) = std::move(command);
+        return;
+    }
     const bool declared = field != nullptr;
     if (!declared)
         field = m_selected.field();
@@ -39,7 +51,7 @@ void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* contai
     if (!guarded([&] { command->execute(); }))
         return;
 
-    FieldSnapshot::Ptr after;
+    std::shared_ptr<FieldSnapshot> after;
     const bool unchanged = field && before && before->matches(*field);
     if (unchanged && declared)
         return;
@@ -51,17 +63,76 @@ void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* contai
         m_selected.set(field, after);
     }
 
-    HistoryStep::Record record;
-    record.joins = field && command->getKind() == KlvCommand::Kind::ValueEdit;
-    record.command = std::move(command);
-    record.field = field;
-    record.container = field ? field->getContainer() : container;
-    record.before = before;
-    record.after = after;
-    record.gesture = m_gesture;
-    record.epoch = m_epoch;
+    HistoryStep::Record step;
+    step.joins = field && command->getKind() == KlvCommand::Kind::ValueEdit;
+    step.command = std::move(command);
+    step.field = field;
+    step.container = field ? field->getContainer() : container;
+    step.before = before;
+    step.after = after;
+    record(std::move(step));
+}
+
+bool History::beginScope(SoField& field, const std::optional<ElementRange>& range, const QString& text)
+{
+    if (m_scope)
+        return false;
+    auto scope = std::make_unique<Scope>();
+    // A container that nobody has referenced yet would be deleted with the scope's reference.
+    if (field.getContainer() && field.getContainer()->getRefCount() > 0)
+        scope->container = ContainerRef(field.getContainer());
+    scope->field = &field;
+    scope->text = text;
+    if (range && FieldSnapshot::isLarge(field)) {
+        scope->num = static_cast<SoMField&>(field).getNum();
+        const int begin = std::clamp(range->begin, 0, scope->num);
+        scope->part = ElementRange{begin, std::clamp(range->end, begin, scope->num)};
+        scope->before = FieldSnapshot::take(static_cast<SoMField&>(field), *scope->part, m_budget);
+    } else {
+        const FieldSnapshot::Ptr selected = m_selected.of(&field);
+        scope->before =
+            selected && selected->matches(field) ? selected : FieldSnapshot::take(field, m_budget);
+    }
+    m_scope = std::move(scope);
+    return true;
+}
+
+void History::endScope()
+{
+    const std::unique_ptr<Scope> scope = std::move(m_scope);
+    if (!scope || !scope->first || (scope->before && scope->before->matches(*scope->field)))
+        return;
+
+    FieldSnapshot::Ptr after;
+    if (scope->part) {
+        // What was announced and what has been added there.
+        auto& elements = static_cast<SoMField&>(*scope->field);
+        const int end = scope->part->end + elements.getNum() - scope->num;
+        after = FieldSnapshot::take(elements, {scope->part->begin, end}, m_budget);
+        m_selected.settle();
+    } else {
+        const auto whole = FieldSnapshot::take(*scope->field, m_budget);
+        m_selected.set(scope->field, whole);
+        after = whole;
+    }
+    HistoryStep::Record step;
+    step.joins = scope->text.isEmpty() && scope->first->getKind() == KlvCommand::Kind::ValueEdit;
+    step.command = std::move(scope->first);
+    step.last = std::move(scope->last);
+    step.field = scope->field;
+    step.container = scope->field->getContainer();
+    step.before = scope->before;
+    step.after = after;
+    step.text = scope->text;
+    record(std::move(step));
+}
+
+void History::record(HistoryStep::Record step)
+{
+    step.gesture = m_gesture;
+    step.epoch = m_epoch;
     const QScopedValueRollback<bool> pushing(m_pushing, true);
-    m_stack.push(new HistoryStep(std::move(record)));
+    m_stack.push(new HistoryStep(std::move(step)));
     keepWithinBudget();
 }
 

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "ElementRange.h"
 #include "FieldSnapshot.h"
+#include "HistoryStep.h"
 
 #include <QObject>
 #include <QUndoStack>
 
 #include <memory>
+#include <optional>
 
 class KlvCommand;
 class SelectedFieldCopy;
@@ -20,11 +23,21 @@ class History : public QObject
 public:
     /// Works with the copy of the selected field, which must outlive it.
     explicit History(SelectedFieldCopy& selected);
+    ~History() override;
+
+    /// The one that exists, or null.
+    static History* current() { return s_current; }
 
     QUndoStack* stack() { return &m_stack; }
 
     /// Executes and records a command made while `container` was selected.
     void push(std::unique_ptr<KlvCommand> command, SoFieldContainer* container);
+
+    /// Begins the scope of a change to a field, of the elements of a range or, without one, of any part;
+    /// false, and nothing begun, within another scope. `text` names the step, see `KlvEditScope`.
+    bool beginScope(SoField& field, const std::optional<ElementRange>& range, const QString& text);
+    /// Ends it and records the commands of the field that were pushed meanwhile as one step.
+    void endScope();
 
     void setCopyBudget(qint64 bytes);
     qint64 copyBudget() const { return m_budget; }
@@ -34,6 +47,19 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    struct Scope
+    {
+        ContainerRef container;
+        SoField* field;
+        std::optional<ElementRange> part; ///< what the copies are of; all of the field without one
+        int num = 0;                      ///< the number of elements before
+        QString text;
+        FieldSnapshot::Ptr before;
+        std::unique_ptr<KlvCommand> first;
+        std::unique_ptr<KlvCommand> last; ///< null for one command
+    };
+
+    void record(HistoryStep::Record step);
     void keepWithinBudget();
 
     SelectedFieldCopy& m_selected;
@@ -44,4 +70,6 @@ private:
     int m_lastGesture = 0;
     int m_epoch = 0;
     bool m_pushing = false;
+    std::unique_ptr<Scope> m_scope;
+    static inline History* s_current = nullptr;
 };

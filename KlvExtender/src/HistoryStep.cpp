@@ -10,8 +10,6 @@
 
 #include <QCoreApplication>
 
-#include <limits>
-
 namespace {
 
 constexpr std::chrono::seconds joinWindow{1};
@@ -32,6 +30,7 @@ HistoryStep::HistoryStep(Record record)
     : m_container(record.container)
     , m_field(record.field)
     , m_first(std::move(record.command))
+    , m_last(std::move(record.last))
     , m_before(std::move(record.before))
     , m_after(std::move(record.after))
     , m_joins(record.joins)
@@ -39,7 +38,7 @@ HistoryStep::HistoryStep(Record record)
     , m_epoch(record.epoch)
     , m_time(Clock::now())
 {
-    setText(describe(*m_first));
+    setText(describe(record.text.isEmpty() ? m_first->getText() : record.text));
 }
 
 HistoryStep::~HistoryStep() = default;
@@ -71,7 +70,12 @@ bool HistoryStep::mergeWith(const QUndoCommand* other)
     if (next->m_field != m_field || next->m_epoch != m_epoch ||
         (!sameGesture && next->m_time - m_time > joinWindow))
         return false;
-    m_last = std::move(next->m_first);
+    // The copies of a joined step must tell of the same elements.
+    if (!FieldSnapshot::haveSameScope(m_before, m_after) ||
+        !FieldSnapshot::haveSameScope(m_before, next->m_before) ||
+        !FieldSnapshot::haveSameScope(m_before, next->m_after))
+        return false;
+    m_last = std::move(next->m_last ? next->m_last : next->m_first);
     m_after = std::move(next->m_after);
     m_gesture = next->m_gesture;
     m_time = next->m_time;
@@ -94,20 +98,17 @@ void HistoryStep::replay(Direction direction)
     KlvCommand& command = undoing || !m_last ? *m_first : *m_last;
 
     const bool asLeft = m_field && source && source->matches(*m_field);
-    const FieldSnapshot::Ptr current = m_field && target && !asLeft
-                                           ? FieldSnapshot::take(*m_field, std::numeric_limits<qint64>::max())
-                                           : nullptr;
+    const FieldSnapshot::Ptr current = m_field && target && !asLeft ? target->takeAlike(*m_field) : nullptr;
     guarded([&] { undoing ? command.undo() : command.redo(); });
     if (target && (asLeft || (current && current->matches(*m_field))))
         target->restore(*m_field);
 }
 
-QString HistoryStep::describe(const KlvCommand& command) const
+QString HistoryStep::describe(const QString& text) const
 {
     const QString name = nameOf(m_field, m_container.get());
-    if (!command.getText().isEmpty())
-        return command.getText().contains(QLatin1String("%1")) ? command.getText().arg(name)
-                                                               : command.getText();
+    if (!text.isEmpty())
+        return text.contains(QLatin1String("%1")) ? text.arg(name) : text;
     return name.isEmpty() ? QCoreApplication::translate("KlvServices", "Edit")
                           : QCoreApplication::translate("KlvServices", "Edit %1").arg(name);
 }

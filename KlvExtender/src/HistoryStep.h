@@ -22,6 +22,7 @@ public:
     struct Record
     {
         std::unique_ptr<KlvCommand> command;   ///< never null
+        std::unique_ptr<KlvCommand> last;      ///< the last of several; null for one
         SoField* field = nullptr;              ///< what it changed; null when that is not known
         SoFieldContainer* container = nullptr; ///< kept alive by the step; may be null
         FieldSnapshot::Ptr before;             ///< null when there is none
@@ -29,6 +30,7 @@ public:
         bool joins = false;                    ///< a value edit that may become one step with its neighbours
         int gesture = 0;                       ///< the mouse gesture it was made in, 0 for none
         int epoch = 0; ///< counts undos and redos: edits of different epochs never join
+        QString text;  ///< what it is called, with "%1" for the field's name; empty: as the command says
     };
 
     explicit HistoryStep(Record record);
@@ -50,7 +52,7 @@ private:
         Redo
     };
     void replay(Direction direction);
-    QString describe(const KlvCommand& command) const;
+    QString describe(const QString& text) const;
 
     // Declared first, released last: commands and copies may point into the container.
     ContainerRef m_container;

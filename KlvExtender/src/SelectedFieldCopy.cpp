@@ -1,11 +1,25 @@
 #include "SelectedFieldCopy.h"
 
-#include <Inventor/fields/SoField.h>
+#include "SceneGraph/FieldAccess.h"
+
+#include <Inventor/fields/SoMField.h>
 #include <Inventor/sensors/SoFieldSensor.h>
 
 #include <QElapsedTimer>
 
 #include <algorithm>
+
+namespace {
+
+/// As many as are copied in no time.
+constexpr int fewElements = 1000;
+
+SoMField* elementsOf(SoField* field)
+{
+    return field->isOfType(SoMField::getClassTypeId()) ? static_cast<SoMField*>(field) : nullptr;
+}
+
+} // namespace
 
 SelectedFieldCopy::SelectedFieldCopy()
     : m_sensor(std::make_unique<SoFieldSensor>(fieldChanged, this))
@@ -25,24 +39,36 @@ void SelectedFieldCopy::follow(SoField* field, std::function<void()> whenDying)
     m_idle.stop();
     m_idle.setInterval(0);
     m_left = m_field;
-    m_leftCopy = std::exchange(m_copy, nullptr);
+    m_leftCopy = of(m_field);
+    m_copy.reset();
+    m_outdated = false;
     m_field = field;
     m_whenDying = std::move(whenDying);
     if (!m_field)
         return;
+    if (SoMField* elements = elementsOf(m_field))
+        FieldAccess::setChangedElements(*elements, -1, 0);
     m_sensor->attach(m_field);
-    renew();
+    if (FieldSnapshot::isLarge(*m_field))
+        noteChange();
+    else
+        renew();
 }
 
 FieldSnapshot::Ptr SelectedFieldCopy::of(const SoField* field) const
 {
-    return !field ? nullptr : field == m_field ? m_copy : field == m_left ? m_leftCopy : nullptr;
+    if (field && field == m_field)
+        return m_outdated ? nullptr : m_copy;
+    return field && field == m_left ? m_leftCopy : nullptr;
 }
 
-void SelectedFieldCopy::set(const SoField* field, FieldSnapshot::Ptr copy)
+void SelectedFieldCopy::set(const SoField* field, std::shared_ptr<FieldSnapshot> copy)
 {
-    if (field == m_field)
-        m_copy = std::move(copy);
+    if (field != m_field)
+        return;
+    m_idle.stop();
+    m_outdated = false;
+    m_copy = std::move(copy);
 }
 
 void SelectedFieldCopy::forgetLeft()
@@ -53,9 +79,7 @@ void SelectedFieldCopy::forgetLeft()
 
 void SelectedFieldCopy::fieldChanged(void* self, SoSensor*)
 {
-    auto* copy = static_cast<SelectedFieldCopy*>(self);
-    if (!copy->m_idle.isActive())
-        copy->m_idle.start();
+    static_cast<SelectedFieldCopy*>(self)->noteChange();
 }
 
 void SelectedFieldCopy::fieldDying(void* self, SoSensor*)
@@ -69,20 +93,50 @@ void SelectedFieldCopy::fieldDying(void* self, SoSensor*)
         whenDying();
 }
 
-void SelectedFieldCopy::renewIfStale()
+void SelectedFieldCopy::settle()
 {
-    if (m_idle.isActive()) {
-        m_idle.stop();
-        renew();
+    if (!m_idle.isActive())
+        return;
+    if (FieldSnapshot::isLarge(*m_field) && !(canUpdate() && m_changed.count() <= fewElements)) {
+        m_outdated = true;
+        return;
     }
+    m_idle.stop();
+    renew();
+}
+
+void SelectedFieldCopy::noteChange()
+{
+    ElementRange changed;
+    if (SoMField* elements = elementsOf(m_field)) {
+        const auto [first, count] = FieldAccess::changedElements(*elements);
+        if (first >= 0 && count >= 0 && count <= changed.end - first)
+            changed = {first, first + count};
+    }
+    const bool fresh = !m_idle.isActive();
+    m_changed =
+        fresh ? changed
+              : ElementRange{std::min(m_changed.begin, changed.begin), std::max(m_changed.end, changed.end)};
+    if (fresh)
+        m_idle.start();
+}
+
+bool SelectedFieldCopy::canUpdate() const
+{
+    return m_copy && m_copy.use_count() == 1 && m_changed.end < ElementRange().end;
 }
 
 void SelectedFieldCopy::renew()
 {
     QElapsedTimer cost;
     cost.start();
-    // An equal copy stays, so that the steps on either side of it go on sharing it.
-    if (!m_copy || !m_copy->matches(*m_field)) {
+    m_outdated = false;
+    if (canUpdate()) {
+        m_copy->update(static_cast<SoMField&>(*m_field), m_changed);
+        if (m_copy->bytes() > m_limit)
+            m_copy.reset();
+    } else if (!m_copy || !m_copy->matches(*m_field)) {
+        // An equal copy stays, so that the steps on either side of it go on sharing it.
         m_copy.reset();
         m_copy = FieldSnapshot::take(*m_field, m_limit);
     }

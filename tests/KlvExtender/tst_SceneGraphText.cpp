@@ -365,6 +365,7 @@ private Q_SLOTS:
             for (const int index : {1, 3, 1000})
                 QVERIFY2(!setElementFromText(list, index, text), text);
             QVERIFY(!setElementFromText(list, std::numeric_limits<int>::max(), sample.constData()));
+            QVERIFY(!setElementFromText(list, 1, text, FALSE));
             QCOMPARE(errors.messages.size(), 4);
             QVERIFY(!setElementFromText(list, -1, sample.constData()));
             QVERIFY(identicalFields(*field, *copy) && field->isDefault() && notifications.count == 0);
@@ -393,6 +394,37 @@ private Q_SLOTS:
                 QCOMPARE(elementText(*list, index), neutral);
             QCOMPARE(elementText(*list, 37), elementText(*list, 33));
             QVERIFY2(setElementFromText(list, 0, neutral.constData()), neutral.constData());
+        }
+    }
+
+    void copiesOfElements()
+    {
+        const SoMFTime other;
+        for (const QByteArray& type : fieldTypes()) {
+            const auto field = namedField(type);
+            if (!field->isOfType(SoMField::getClassTypeId()) || type == "MFTime")
+                continue;
+            auto* list = static_cast<SoMField*>(field.get());
+            for (const int index : {1, 3})
+                QVERIFY(setElementFromText(list, index, sampleText(type).constData()));
+            const auto before = copyElements(list, 0, 4);
+            const auto copy = copyElements(list, 1, 9);
+            QVERIFY(copy->getNum() == 3 && identicalElements(*copy, 0, *list, 1, 3));
+            const Notifications notifications(*field);
+            swapElements(list, 3, 0);
+            QVERIFY(identicalElements(*list, 0, *copy, 2, 1) && !identicalFields(*field, *before));
+            swapElements(list, 0, 3);
+            QVERIFY(identicalFields(*field, *before));
+            setElements(list, 6, copy.get());
+            QCOMPARE(notifications.count, 3);
+            QVERIFY(list->getNum() == 9 && identicalElements(*list, 6, *copy, 0, 3));
+            QVERIFY(identicalElements(*list, 4, *copy, 1, 1) && identicalElements(*list, 5, *copy, 1, 1));
+            swapElements(list, 0, 9);
+            setElements(list, -1, copy.get());
+            setElements(list, 0, &other);
+            QVERIFY(notifications.count == 3 && copyElements(list, 9, 1)->getNum() == 0);
+            setElements(list, 2, list);
+            QVERIFY(list->getNum() == 11 && identicalElements(*list, 2, *before, 0, 4));
         }
     }
 

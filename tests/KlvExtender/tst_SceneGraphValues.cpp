@@ -83,6 +83,16 @@ private Q_SLOTS:
             QCOMPARE(nodes.getNum(), 1);
             QCOMPARE(notifications.count, 1);
             QCOMPARE(cube->getRefCount(), 1);
+            nodes.set1Value(1, cube);
+            const auto copy1 = copyElements(&nodes, 0, 2);
+            QCOMPARE(cube->getRefCount(), 3);
+            setElements(&nodes, 3, copy1.get());
+            swapElements(&nodes, 0, 1);
+            swapElements(&nodes, 3, 0);
+            QCOMPARE(cube->getRefCount(), 4);
+            cube->setName("Crate");
+            QCOMPARE(getElementSummary(&nodes, 4), SbString("Cube \"Crate\""));
+            QCOMPARE(getElementSummary(&nodes, 2), SbString("NULL"));
 
             SoMFPath paths;
             SoMFPath copy;
@@ -91,6 +101,10 @@ private Q_SLOTS:
             copyFieldValue(copy, paths);
             copyFieldValue(copy, paths);
             QVERIFY(identicalFields(copy, paths));
+            QCOMPARE(getElementSummary(&paths, 29), SbString("Cube \"Crate\""));
+            swapElements(&paths, 0, 29);
+            deleteElements(&paths, 0, 29);
+            QVERIFY(paths[0]->getRefCount() == 2 && paths[0] == copy[0]);
         }
         QCOMPARE(cube->getRefCount(), 1);
         cube->unref();

@@ -1,9 +1,14 @@
 #include "TestMain.h"
 
 #include <KlvExtender/KlvCommand.h>
+#include <KlvExtender/KlvEditScope.h>
 #include <KlvExtender/KlvServices.h>
+#include <KlvExtender/SceneGraph/SoFieldElements.h>
 
 #include <Inventor/errors/SoDebugError.h>
+#include <Inventor/fields/SoMFDouble.h>
+#include <Inventor/fields/SoMFNode.h>
+#include <Inventor/fields/SoMFString.h>
 #include <Inventor/fields/SoSFDouble.h>
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoCube.h>
@@ -53,6 +58,16 @@ private:
     Deeds m_deeds;
 };
 
+template <class Field>
+std::shared_ptr<SoMField> listOf(int count, auto element)
+{
+    auto field = std::make_shared<Field>();
+    field->setNum(count);
+    for (int i = 0; i < count; ++i)
+        field->set1Value(i, element(i));
+    return field;
+}
+
 } // namespace
 
 class tst_Services : public QObject
@@ -69,6 +84,14 @@ class tst_Services : public QObject
     {
         m_material->transparency.set1Value(0, value);
         m_services->pushCommand(new TestCommand(&m_material->transparency));
+    }
+    /// Changes a field and records it, all within a scope.
+    template <class... Scope>
+    void editWithin(std::function<void()> change, SoMField* field, Scope... scope)
+    {
+        const KlvEditScope edit(field, scope...);
+        change();
+        m_services->pushCommand(new TestCommand(field));
     }
     void waitUntilNothingJoins() { QTest::qWait(1100); }
 
@@ -165,37 +188,28 @@ private Q_SLOTS:
         QCOMPARE(m_services->getSelectedField(), nullptr);
     }
 
-    void undoIsExactWhateverTheCommandCanDo_data()
-    {
-        QTest::addColumn<double>("before");
-        QTest::addColumn<double>("after");
-        QTest::newRow("more digits than text has") << 0.1 + 0.2 << 1.0 / 3;
-        QTest::newRow("nan") << std::nan("1") << -0.0;
-        QTest::newRow("sign of zero") << 0.0 << -0.0;
-        QTest::newRow("infinite") << double(-INFINITY) << 5e-324;
-    }
-
     void undoIsExactWhateverTheCommandCanDo()
     {
-        QFETCH(double, before);
-        QFETCH(double, after);
         const auto bits = [](double value) { return std::bit_cast<quint64>(value); };
-        SoSFDouble field;
-        field.setValue(before);
-        field.setDefault(TRUE);
-        m_services->setSelectedField(&field);
-        field.setValue(after);
-        m_services->pushCommand(new TestCommand(&field));
-        for (int round = 0; round < 3; ++round) {
-            m_stack->undo();
-            QCOMPARE(bits(field.getValue()), bits(before));
-            QVERIFY(field.isDefault());
-            m_stack->redo();
-            QCOMPARE(bits(field.getValue()), bits(after));
-            QVERIFY(!field.isDefault());
+        // More digits than text has; not a number; the sign of zero; the ends of the range.
+        const std::pair<double, double> edits[] = {
+            {0.1 + 0.2, 1.0 / 3}, {std::nan("1"), -0.0}, {0.0, -0.0}, {-INFINITY, 5e-324}};
+        for (const auto& [before, after] : edits) {
+            SoSFDouble field;
+            field.setValue(before);
+            field.setDefault(TRUE);
+            m_services->setSelectedField(&field);
+            field.setValue(after);
+            m_services->pushCommand(new TestCommand(&field));
+            for (int round = 0; round < 3; ++round) {
+                m_stack->undo();
+                QVERIFY(bits(field.getValue()) == bits(before) && field.isDefault());
+                m_stack->redo();
+                QVERIFY(bits(field.getValue()) == bits(after) && !field.isDefault());
+            }
+            m_stack->clear();
+            m_services->setSelectedField(nullptr);
         }
-        m_stack->clear();
-        m_services->setSelectedField(nullptr);
     }
 
     void aChangeFromElsewhereIsNotUndone()
@@ -356,6 +370,133 @@ private Q_SLOTS:
         m_points->point.set1Value(0, 50, 0, 0);
         m_services->pushCommand(new TestCommand(&m_points->point));
         QCOMPARE(m_stack->count(), 1);
+    }
+
+    void scopesMakeUndoExact_data()
+    {
+        QTest::addColumn<std::shared_ptr<SoMField>>("field");
+        for (const int size : {10, 9000}) {
+            // Elements that text does not hold to the bit, or not at all.
+            const auto number = [](int i) { return 1.0 / (i + 3); };
+            const auto string = [](int i) { return SbString(i) += "\\"; };
+            const auto node = [](int) { return new SoCube; };
+            QTest::addRow("%d doubles", size) << listOf<SoMFDouble>(size, number);
+            QTest::addRow("%d strings", size) << listOf<SoMFString>(size, string);
+            QTest::addRow("%d nodes", size) << listOf<SoMFNode>(size, node);
+        }
+    }
+
+    void scopesMakeUndoExact()
+    {
+        QFETCH(std::shared_ptr<SoMField>, field);
+        SoMField* list = field.get();
+        m_services->setSelectedField(list);
+        const int size = list->getNum();
+        for (const int start : {0, size / 2, size - 1, size}) {
+            for (const int added : {2, 0, -1, -3}) {
+                const auto before = copyElements(list, 0, list->getNum());
+                list->setDefault(TRUE);
+                const auto change = [&] {
+                    insertElements(list, start, added);
+                    deleteElements(list, start, -added);
+                    setElements(list, start, copyElements(list, 1, added == 0).get());
+                };
+                editWithin(change, list, start, std::max(1, -added));
+                const auto after = copyElements(list, 0, list->getNum());
+                QVERIFY(m_stack->count() == 1 || after->isSame(*before));
+                for (int round = 0; round < 2 * m_stack->count(); ++round) {
+                    m_stack->undo();
+                    QVERIFY(list->isSame(*before) && list->isDefault());
+                    m_stack->redo();
+                    QVERIFY(list->isSame(*after) && !list->isDefault());
+                }
+                m_stack->clear();
+            }
+        }
+        m_services->setSelectedField(nullptr);
+    }
+
+    void copiesOfLargeFieldsAreOfWhatChanges()
+    {
+        constexpr int elements = 1000000;
+        constexpr qint64 element = sizeof(SbVec3f);
+        SoMFVec3f& field = m_points->point;
+        field.setNum(elements);
+        const auto set = [&field](int index, float x) { field.set1Value(index, x, 0, 0); };
+        m_services->setSelectedField(&field);
+        for (int row = 0; row < 5; ++row)
+            editWithin([&] { set(row, 1); }, &field, row, 1);
+        QVERIFY(m_stack->count() == 5 && m_services->getCopyBytes() < 10000);
+        QTRY_VERIFY(m_services->getCopyBytes() > elements * element);
+        const qint64 whole = m_services->getCopyBytes();
+        m_stack->undo();
+        m_stack->redo();
+
+        // Changes from elsewhere go into the one copy, also those that move elements.
+        set(elements, 7);
+        QTRY_COMPARE(m_services->getCopyBytes(), whole + element);
+        insertElements(&field, 6, 2);
+        deleteElements(&field, 100, 1);
+        set(7, 8);
+        QTRY_COMPARE(m_services->getCopyBytes(), whole + 2 * element);
+        const auto before = copyElements(&field, 0, field.getNum());
+        set(3, 3);
+        m_services->pushCommand(new TestCommand(&field)); // This one without a scope.
+        m_stack->undo();
+        QVERIFY(field.isSame(*before));
+    }
+
+    void otherElementsStayAsOthersMadeThem()
+    {
+        SoMFDouble field;
+        field.setNum(9000);
+        const Deeds ownMeans = {[&] { field.set1Value(6, 2); }, [&] { field.set1Value(6, 3); }};
+        field.set1Value(5, 1);
+        field.set1Value(6, 1);
+        editWithin([&] { m_services->pushCommand(new TestCommand(&field, ownMeans)); }, &field, 6, 1);
+        field.set1Value(5, 4);
+        m_stack->undo();
+        QVERIFY(field[5] == 4 && field[6] == 1);
+        m_stack->redo();
+        deleteElements(&field, 0, 1);
+        m_stack->undo(); // The command's own result stands: its element is another one by now.
+        QVERIFY(field[5] == 2 && field[6] == 3);
+        m_stack->clear();
+    }
+
+    void aScopeIsOneStep()
+    {
+        auto* material = new SoMaterial;
+        SoMFColor& field = material->diffuseColor;
+        const auto color = [&field](int index, float red) { field.set1Value(index, red, 0, 0); };
+        const auto push = [&](Deeds deeds) { m_services->pushCommand(new TestCommand(&field, deeds)); };
+        editWithin([] {}, &field); // Changes nothing, and leaves it to the others to own the node.
+        QCOMPARE(material->getRefCount(), 0);
+        material->ref();
+        {
+            const KlvEditScope scope(&field, "Paste into %1");
+            push({[&] { color(0, 0.25f); }});
+            const KlvEditScope inner(&field, 1, 1);
+            push({[&] { color(1, 0.5f); }});
+            edit(0.5f); // Of another field: a step of its own.
+            push({[&] { color(2, 0.75f); }});
+            material->unref();
+        }
+        QCOMPARE(m_stack->count(), 2);
+        QCOMPARE(m_stack->text(1), QString("Paste into Material.diffuseColor"));
+        // Without a name they join like commands without a scope.
+        for (const float red : {0.1f, 0.2f})
+            editWithin([&] { color(0, red); }, &field, 0, 1);
+        QCOMPARE(m_stack->count(), 3);
+        m_stack->undo();
+        QCOMPARE(field[0], SbColor(0.25f, 0, 0));
+        m_stack->undo();
+        QVERIFY(field.getNum() == 1 && field.isDefault());
+        {
+            const KlvEditScope scope(&field); // Records nothing.
+            color(0, 0.9f);
+        }
+        QVERIFY(m_stack->count() == 3 && m_stack->canRedo());
     }
 
     void whatACommandThrowsGoesNoFurther()

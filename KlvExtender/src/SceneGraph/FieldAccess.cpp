@@ -2,6 +2,7 @@
 
 #include <Inventor/SoInput.h>
 #include <Inventor/fields/SoMField.h>
+#include <Inventor/misc/SoNotRec.h>
 
 namespace {
 
@@ -15,6 +16,7 @@ struct FieldMembers : SoField
 struct MultiFieldMembers : SoMField
 {
     static constexpr auto setIndices() { return &MultiFieldMembers::setChangedIndices; }
+    static constexpr auto notRec() { return &MultiFieldMembers::createNotRec; }
     static constexpr auto size() { return &MultiFieldMembers::fieldSizeof; }
 };
 
@@ -28,6 +30,12 @@ void FieldAccess::notifyChanged(SoField& field)
 void FieldAccess::setChangedElements(SoMField& field, int first, int count)
 {
     (field.*MultiFieldMembers::setIndices())(first, count);
+}
+
+std::pair<int, int> FieldAccess::changedElements(SoMField& field)
+{
+    const SoNotRec record = (field.*MultiFieldMembers::notRec())(nullptr);
+    return {record.getIndex(), record.getFieldNumIndices()};
 }
 
 int FieldAccess::elementSize(const SoMField& field)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 class SoField;
 class SoInput;
 class SoMField;
@@ -14,6 +16,10 @@ void notifyChanged(SoField& field);
 
 /// Tells which elements the next notification is about; `first` -1 stands for all.
 void setChangedElements(SoMField& field, int first, int count);
+
+/// During a notification: the first and the number of the elements that it is about; first -1 stands for all.
+/// Undefined until the elements were told or `setChangedElements()` was called once: Coin leaves them so.
+std::pair<int, int> changedElements(SoMField& field);
 
 /// Bytes of one element in the field's array.
 int elementSize(const SoMField& field);

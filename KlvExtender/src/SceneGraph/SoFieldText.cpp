@@ -25,12 +25,13 @@ SbBool setFieldFromText(SoField* field, const SbString& text)
     return FALSE;
 }
 
-SbBool setElementFromText(SoMField* field, int index, const SbString& text)
+SbBool setElementFromText(SoMField* field, int index, const SbString& text, SbBool report)
 {
     if (!field || index < 0)
         return FALSE;
     if (FieldKind::of(*field).setElement(*field, index, view(text)))
         return TRUE;
-    FieldReadError::post(*field, index, view(text));
+    if (report)
+        FieldReadError::post(*field, index, view(text));
     return FALSE;
 }

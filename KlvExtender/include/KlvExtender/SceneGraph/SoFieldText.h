@@ -29,5 +29,6 @@ KLV_EXTENDER_EXPORT SbBool setFieldFromText(SoField* field, const SbString& text
 /// number of elements, except for nodes, engines and paths, whose present text Coin makes by looking at all
 /// of them. An index beyond the end grows the field, every element in the gap holding the kind's neutral
 /// value; an index that no memory has room for is refused like a wrong text. A negative index or a null field
-/// gives FALSE.
-KLV_EXTENDER_EXPORT SbBool setElementFromText(SoMField* field, int index, const SbString& text);
+/// gives FALSE. Without `report` a refused text is refused without a message.
+KLV_EXTENDER_EXPORT SbBool setElementFromText(SoMField* field, int index, const SbString& text,
+                                              SbBool report = TRUE);
