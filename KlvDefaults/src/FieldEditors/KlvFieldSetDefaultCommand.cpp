@@ -12,6 +12,8 @@ KlvFieldSetDefaultCommand::KlvFieldSetDefaultCommand(SoField* field, SoField* de
     m_multiValue = field->isOfType(SoMField::getClassTypeId());
     field->get(m_previousValue);
     defaultField->get(m_defaultValue);
+    if (m_multiValue)
+        return;
     m_defaultCopy.reset(static_cast<SoField*>(defaultField->getTypeId().createInstance()));
     if (m_defaultCopy)
         m_defaultCopy->copyFrom(*defaultField);

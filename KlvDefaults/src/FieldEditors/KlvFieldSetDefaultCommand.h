@@ -19,8 +19,8 @@ public:
     KlvFieldSetDefaultCommand(SoField* field, SoField* defaultField);
     ~KlvFieldSetDefaultCommand() override;
 
-    /// Sets the default value, and marks the field as default if the text restores it exactly: it does not
-    /// for some doubles and rotations.
+    /// Sets the default value, and marks the field as default if the text restores it exactly (for some
+    /// doubles and rotations it does not) or, for multi-value fields, gives the same text.
     void execute() override;
     /// Sets the value that the field had when the command was made.
     void undo() override;
@@ -35,6 +35,7 @@ private:
     bool m_multiValue = false;
     SbString m_defaultValue;
     SbString m_previousValue;
-    /// For the comparison only; null for a kind that cannot be copied, whose texts are compared.
+    /// For the comparison only. Null where texts are compared instead: for multi-value fields (copying a list
+    /// of nodes or paths would damage it) and for kinds that cannot be copied.
     std::unique_ptr<SoField> m_defaultCopy;
 };

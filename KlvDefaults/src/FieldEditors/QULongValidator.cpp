@@ -1,0 +1,6 @@
+#include "FieldEditors/QULongValidator.h"
+
+QULongValidator::QULongValidator(QObject* parent)
+    : DvUnsignedValidator(parent)
+{
+}
