@@ -1,5 +1,9 @@
 #include "FieldEditors/DvRangeSettings.h"
 
+#include <Inventor/nodes/SoComplexity.h>
+#include <Inventor/nodes/SoDirectionalLight.h>
+#include <Inventor/nodes/SoMaterial.h>
+
 namespace {
 
 struct FieldRangeRow
@@ -81,6 +85,15 @@ bool DvRangeSettings::isBounded(const char* typeName, const char* fieldName) con
 DvRangeComponent DvRangeSettings::getFieldRange(const char* typeName, const char* fieldName) const
 {
     return m_ranges.value(makeKey(typeName, fieldName));
+}
+
+DvRangeComponent DvRangeSettings::getRealRange(const SoFieldContainer* container,
+                                               const char* defaultField) const
+{
+    const bool isFixed = container && (container->isOfType(SoComplexity::getClassTypeId()) ||
+                                       container->isOfType(SoMaterial::getClassTypeId()) ||
+                                       container->isOfType(SoDirectionalLight::getClassTypeId()));
+    return isFixed ? getFieldRange("Complexity", "value") : getFieldRange("DefaultNode", defaultField);
 }
 
 int DvRangeSettings::checkBase(const QString& text)

@@ -6,20 +6,6 @@
 #include <KlvExtender/SceneGraph/SbStringText.h>
 
 #include <Inventor/fields/SoField.h>
-#include <Inventor/nodes/SoComplexity.h>
-#include <Inventor/nodes/SoDirectionalLight.h>
-#include <Inventor/nodes/SoMaterial.h>
-
-namespace {
-
-bool hasFixedRange(const SoFieldContainer* container)
-{
-    return container && (container->isOfType(SoComplexity::getClassTypeId()) ||
-                         container->isOfType(SoMaterial::getClassTypeId()) ||
-                         container->isOfType(SoDirectionalLight::getClassTypeId()));
-}
-
-} // namespace
 
 DvSFSliderWidget::DvSFSliderWidget(SoType type, const Kind& kind, const char* name)
     : DvSFieldWidget(kind.frameType, name)
@@ -72,11 +58,8 @@ void DvSFSliderWidget::applyChanges()
 
 void DvSFSliderWidget::takeRange(SoFieldContainer* container)
 {
-    // The field's own name does not count: all numbers of such a node share one range, which has no bounds
-    // for doubles.
     const DvRangeSettings settings;
-    m_rangeComponent = m_kind.nodesHaveRanges && hasFixedRange(container)
-                           ? settings.getFieldRange("Complexity", "value")
-                           : settings.getFieldRange("DefaultNode", m_kind.rangeName);
+    m_rangeComponent = m_kind.nodesHaveRanges ? settings.getRealRange(container, m_kind.rangeName)
+                                              : settings.getFieldRange("DefaultNode", m_kind.rangeName);
     showRange();
 }

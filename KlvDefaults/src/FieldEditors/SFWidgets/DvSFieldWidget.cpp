@@ -1,51 +1,24 @@
 #include "FieldEditors/SFWidgets/DvSFieldWidget.h"
 
+#include "FieldEditors/DvIconButton.h"
 #include "FieldEditors/DvIntSlider.h"
 #include "FieldEditors/DvRealSlider.h"
 #include "FieldEditors/DvUIntSlider.h"
+#include "FieldEditors/EditorFrame.h"
 #include "FieldEditors/KlvFieldIgnoredCommand.h"
 #include "FieldEditors/KlvSFSetValueCommand.h"
 #include "FieldEditors/default_icon.xpm"
 #include "FieldEditors/ignore_icon.xpm"
-#include "FieldEditors/klsettings_fieldEditor.h"
 
 #include <KlvExtender/KlvServices.h>
 #include <KlvExtender/SceneGraph/SbStringText.h>
 
 #include <Inventor/fields/SoSField.h>
 
-#include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPainter>
-#include <QPushButton>
 
 namespace {
-
-void setMargins(QLayout* layout, int margin)
-{
-    layout->setContentsMargins(margin, margin, margin, margin);
-}
-
-void setBox(QFrame* frame, int lineWidth)
-{
-    frame->setFrameStyle(QFrame::Box | QFrame::Plain);
-    frame->setLineWidth(lineWidth);
-}
-
-/// The icon of a button that is pressed in or out: paler when out, since a frame this small hardly shows it.
-QIcon makeToggleIcon(const QPixmap& on)
-{
-    QPixmap off(on.size());
-    off.fill(Qt::transparent);
-    QPainter painter(&off);
-    painter.setOpacity(0.4);
-    painter.drawPixmap(0, 0, on);
-    QIcon icon;
-    icon.addPixmap(off, QIcon::Normal, QIcon::Off);
-    icon.addPixmap(on, QIcon::Normal, QIcon::On);
-    return icon;
-}
 
 template <bool isFloat>
 QFrame* createReal(KlvFieldEditors* owner, QWidget* parent)
@@ -97,26 +70,18 @@ void DvSFieldWidget::load()
     KlvFieldEditors::load();
     clear();
     QFrame* container = getWidgetContainer();
-    setBox(container, klsettings_fieldEditor("frameLineWidth"));
+    setBox(container, "frameLineWidth");
     m_layout = new QHBoxLayout(container);
-    setMargins(m_layout, klsettings_fieldEditor("SFieldLayoutMargin"));
-    m_layout->setSpacing(klsettings_fieldEditor("SFieldLayoutSpacing"));
-    m_layout->setObjectName(QStringLiteral("SFieldLayout"));
+    setUpLayout(m_layout, "SFieldLayout", "SFieldLayoutMargin", "SFieldLayoutSpacing");
 
-    m_label->setObjectName(QStringLiteral("m_label"));
-    QFont font = m_label->font();
-    font.setPointSize(klsettings_fieldEditor("labelPointSize"));
-    m_label->setFont(font);
-    setBox(m_label, klsettings_fieldEditor("labelLineWidth"));
-    m_label->setScaledContents(true);
+    setUpKindLabel(m_label);
     m_layout->addWidget(m_label);
     m_labelSpacer = new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Minimum);
     m_layout->addItem(m_labelSpacer);
 
     m_editionAreaLayout = new QHBoxLayout;
-    setMargins(m_editionAreaLayout, klsettings_fieldEditor("SFEditionAreaLayMargin"));
-    m_editionAreaLayout->setSpacing(klsettings_fieldEditor("SFEditionAreaLaySpacing"));
-    m_editionAreaLayout->setObjectName(QStringLiteral("SFieldEditionAreaLayout"));
+    setUpLayout(m_editionAreaLayout, "SFieldEditionAreaLayout", "SFEditionAreaLayMargin",
+                "SFEditionAreaLaySpacing");
     buildEditionFrame();
     m_editionAreaLayout->addWidget(m_editionFrame);
     m_editionSpacer = new QSpacerItem(0, 0, QSizePolicy::Minimum, QSizePolicy::Minimum);
@@ -153,76 +118,37 @@ void DvSFieldWidget::buildEditionFrame()
     }
     m_editionFrame = new QFrame(getWidgetContainer());
     m_editionFrame->setObjectName(QStringLiteral("m_editionFrame"));
-    setBox(m_editionFrame, klsettings_fieldEditor("frameLineWidth"));
+    setBox(m_editionFrame, "frameLineWidth");
     m_editLayout = new QHBoxLayout(m_editionFrame);
-    setMargins(m_editLayout, klsettings_fieldEditor("SFieldEditLayoutMargin"));
-    m_editLayout->setSpacing(klsettings_fieldEditor("SFieldEditLayoutSpacing"));
-    m_editLayout->setObjectName(QStringLiteral("editLayout"));
+    setUpLayout(m_editLayout, "editLayout", "SFieldEditLayoutMargin", "SFieldEditLayoutSpacing");
 }
 
 void DvSFieldWidget::buildButtons()
 {
     m_buttonLayout = new QHBoxLayout;
-    setMargins(m_buttonLayout, klsettings_fieldEditor("SFButtonLayoutMargin"));
-    m_buttonLayout->setSpacing(klsettings_fieldEditor("SFButtonLayoutSpacing"));
     // The outer layout has this name too; kept for tools that look layouts up by name.
-    m_buttonLayout->setObjectName(QStringLiteral("SFieldLayout"));
-
-    m_defaultButton = addButton(QStringLiteral("m_defaultButton"), m_defaultIcon);
-    m_ignoreButton = addButton(QStringLiteral("m_ignoreButton"), makeToggleIcon(m_ignoreIcon));
-    m_ignoreButton->setCheckable(true);
-
-    m_defaultAction = addAction(m_defaultButton, Qt::CTRL | Qt::SHIFT | Qt::Key_D);
-    m_ignoreAction = addAction(m_ignoreButton, Qt::CTRL | Qt::SHIFT | Qt::Key_I);
-    m_ignoreAction->setCheckable(true);
-    connect(m_ignoreButton, SIGNAL(toggled(bool)), m_ignoreAction, SLOT(setChecked(bool)));
-    getWidgetContainer()->setContextMenuPolicy(Qt::ActionsContextMenu);
-}
-
-QPushButton* DvSFieldWidget::addButton(const QString& name, const QIcon& icon)
-{
-    auto* button = new QPushButton(getWidgetContainer());
-    button->setObjectName(name);
-    button->setMaximumSize(klsettings_fieldEditor("buttonWidth"), klsettings_fieldEditor("buttonHeight"));
-    button->setIcon(icon);
-    button->setFocusPolicy(Qt::NoFocus);
-    m_buttonLayout->addWidget(button);
-    return button;
-}
-
-QAction* DvSFieldWidget::addAction(QPushButton* button, const QKeySequence& shortcut)
-{
-    auto* action = new QAction(button->icon(), QString(), button);
-    action->setShortcut(shortcut);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(action, SIGNAL(triggered()), button, SLOT(click()));
-    getWidgetContainer()->addAction(action);
-    return action;
+    setUpLayout(m_buttonLayout, "SFieldLayout", "SFButtonLayoutMargin", "SFButtonLayoutSpacing");
+    m_defaultButton = new DvIconButton("m_defaultButton", m_defaultIcon, Qt::CTRL | Qt::SHIFT | Qt::Key_D,
+                                       getWidgetContainer());
+    auto* ignoreButton = new DvIconButton("m_ignoreButton", m_ignoreIcon, Qt::CTRL | Qt::SHIFT | Qt::Key_I,
+                                          getWidgetContainer());
+    ignoreButton->setToggling();
+    m_ignoreButton = ignoreButton;
+    m_buttonLayout->addWidget(m_defaultButton);
+    m_buttonLayout->addWidget(m_ignoreButton);
 }
 
 void DvSFieldWidget::languageChange()
 {
-    const struct
-    {
-        QPushButton* button;
-        QAction* action;
-        QString text;
-    } rows[] = {{m_defaultButton, m_defaultAction, tr("Set to default")},
-                {m_ignoreButton, m_ignoreAction, tr("Ignore this field")}};
-    for (const auto& row : rows) {
-        row.button->setText(QString());
-        row.button->setToolTip(row.text);
-        row.button->setAccessibleName(row.text);
-        row.action->setText(row.text);
-    }
+    m_defaultButton->setText(QString());
+    m_defaultButton->setToolTip(tr("Set to default"));
+    m_ignoreButton->setText(QString());
+    m_ignoreButton->setToolTip(tr("Ignore this field"));
 }
 
 void DvSFieldWidget::setFieldName(const QString& kind)
 {
-    if (!m_label)
-        m_label = new QLabel(getWidgetContainer());
-    if (m_label->text().isEmpty())
-        m_label->setText(tr("<p align=\"center\">") + kind + tr("</p>"));
+    nameKind(m_label, getWidgetContainer(), kind);
 }
 
 void DvSFieldWidget::setField(SoField* field)

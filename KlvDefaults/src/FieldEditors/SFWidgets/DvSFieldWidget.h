@@ -4,10 +4,8 @@
 
 #include <Inventor/SbString.h>
 
-#include <QIcon>
 #include <QPixmap>
 
-class QAction;
 class QHBoxLayout;
 class QLabel;
 class QPushButton;
@@ -100,14 +98,9 @@ private:
     void clear();
     void buildEditionFrame();
     void buildButtons();
-    QPushButton* addButton(const QString& name, const QIcon& icon);
-    QAction* addAction(QPushButton* button, const QKeySequence& shortcut);
 
     QPixmap m_defaultIcon;
     QPixmap m_ignoreIcon;
-    // The buttons never take the focus; these reach them from the keyboard and from the context menu.
-    QAction* m_defaultAction = nullptr;
-    QAction* m_ignoreAction = nullptr;
     SbString m_echoText;
     bool m_echoDue = false;
 };
