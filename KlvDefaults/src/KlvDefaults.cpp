@@ -13,6 +13,14 @@ void KlvDefaults::load()
     // One a line, so that a new editor is a new line.
     // clang-format off
     KlvExtension* const extensions[] = {
+        &m_mfDefaultFieldWidget,
+        &m_mfDoubleWidget,
+        &m_mfFloatWidget,
+        &m_mfInt32Widget,
+        &m_mfShortWidget,
+        &m_mfStringWidget,
+        &m_mfUInt32Widget,
+        &m_mfUShortWidget,
         &m_sfBitMaskWidget,
         &m_sfBoolWidget,
         &m_sfEnumWidget,

@@ -1,5 +1,13 @@
 #pragma once
 
+#include "FieldEditors/MFWidgets/DvMFDefaultFieldWidget.h"
+#include "FieldEditors/MFWidgets/DvMFDoubleWidget.h"
+#include "FieldEditors/MFWidgets/DvMFFloatWidget.h"
+#include "FieldEditors/MFWidgets/DvMFInt32Widget.h"
+#include "FieldEditors/MFWidgets/DvMFShortWidget.h"
+#include "FieldEditors/MFWidgets/DvMFStringWidget.h"
+#include "FieldEditors/MFWidgets/DvMFUInt32Widget.h"
+#include "FieldEditors/MFWidgets/DvMFUShortWidget.h"
 #include "FieldEditors/SFWidgets/DvSFBitMaskWidget.h"
 #include "FieldEditors/SFWidgets/DvSFBoolWidget.h"
 #include "FieldEditors/SFWidgets/DvSFDoubleWidget.h"
@@ -34,6 +42,14 @@ public:
     void load() override;
 
 private:
+    DvMFDefaultFieldWidget m_mfDefaultFieldWidget{nullptr};
+    DvMFDoubleWidget m_mfDoubleWidget{nullptr};
+    DvMFFloatWidget m_mfFloatWidget{nullptr};
+    DvMFInt32Widget m_mfInt32Widget{nullptr};
+    DvMFShortWidget m_mfShortWidget{nullptr};
+    DvMFStringWidget m_mfStringWidget{nullptr};
+    DvMFUInt32Widget m_mfUInt32Widget{nullptr};
+    DvMFUShortWidget m_mfUShortWidget{nullptr};
     DvSFBitMaskWidget m_sfBitMaskWidget{nullptr};
     DvSFBoolWidget m_sfBoolWidget{nullptr};
     DvSFEnumWidget m_sfEnumWidget{nullptr};

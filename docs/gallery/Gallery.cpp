@@ -5,7 +5,7 @@
 
 #include <Inventor/SoPath.h>
 #include <Inventor/actions/SoSearchAction.h>
-#include <Inventor/fields/SoField.h>
+#include <Inventor/fields/SoMField.h>
 #include <Inventor/lists/SoFieldList.h>
 #include <Inventor/lists/SoPathList.h>
 #include <Inventor/nodes/SoNode.h>
@@ -17,6 +17,8 @@ namespace {
 
 /// The width of a row, about that of a dock.
 constexpr int rowWidth = 440;
+/// The height of a row with a table, enough for some elements.
+constexpr int tableHeight = 130;
 
 SoFieldList fieldsOf(SoNode* scene)
 {
@@ -88,9 +90,12 @@ QImage Gallery::paint() const
         rows->addWidget(new QLabel(labelOf(field)), row, 0);
         rows->addWidget(editor->getWidget(), row, 1);
         editor->getWidget()->setFixedWidth(rowWidth);
+        if (field->isOfType(SoMField::getClassTypeId()))
+            editor->getWidget()->setFixedHeight(tableHeight);
         editor->activate();
     }
-    sheet.adjustSize();
+    // Larger than a screen, as it may be.
+    sheet.resize(sheet.sizeHint());
     const QImage image = sheet.grab().toImage();
     for (KlvEditor* editor : m_fields.keys()) {
         editor->deactivate();

@@ -59,7 +59,9 @@ private Q_SLOTS:
         }
         QCOMPARE(
             classes.join(' '),
-            QStringLiteral("DvSFBitMaskWidget DvSFBoolWidget DvSFEnumWidget DvSFDoubleWidget DvSFFloatWidget "
+            QStringLiteral("DvMFDefaultFieldWidget DvMFDoubleWidget DvMFFloatWidget DvMFInt32Widget "
+                           "DvMFShortWidget DvMFStringWidget DvMFUInt32Widget DvMFUShortWidget "
+                           "DvSFBitMaskWidget DvSFBoolWidget DvSFEnumWidget DvSFDoubleWidget DvSFFloatWidget "
                            "DvSFInt32Widget DvSFLineWidget DvSFNameWidget DvSFPlaneWidget DvSFRotationWidget "
                            "DvSFShortWidget DvSFStringWidget DvSFUInt32Widget DvSFUShortWidget "
                            "DvSFVec2fWidget DvSFVec2i32Widget DvSFVec2sWidget DvSFVec3fWidget "
@@ -87,7 +89,7 @@ private Q_SLOTS:
         SoSFTime time;
         QCOMPARE(shown(&file->name), QStringLiteral("DvSFStringWidget"));
         QCOMPARE(shown(&time), QStringLiteral("DvSFLineWidget"));
-        QCOMPARE(shown(&(new SoCoordinate3)->point), QString());
+        QCOMPARE(shown(&(new SoCoordinate3)->point), QStringLiteral("DvMFDefaultFieldWidget"));
         // Among equally specific editors the last one is chosen; one that is not controlled never is.
         OtherStringEditor other;
         setting->addControlledExtension(&other);

@@ -1,0 +1,51 @@
+#include "FieldEditors/MFWidgets/DvCellSliderGuard.h"
+
+#include "FieldEditors/DvSlider.h"
+#include "FieldEditors/MFWidgets/DvMFieldWidget.h"
+
+#include <KlvExtender/SceneGraph/SoFieldElements.h>
+
+#include <Inventor/fields/SoMField.h>
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+DvCellSliderGuard::DvCellSliderGuard(DvSlider* slider, DvMFieldWidget* owner, int row)
+    : QObject(slider)
+    , m_slider(slider)
+    , m_owner(owner)
+    , m_row(row)
+    , m_field(owner->getField())
+    , m_element(copyElements(m_field, row, 1))
+    , m_text(slider->getText())
+{
+    const auto parts = slider->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QWidget* part : parts)
+        part->installEventFilter(this);
+}
+
+DvCellSliderGuard::~DvCellSliderGuard() = default;
+
+void DvCellSliderGuard::revert()
+{
+    const bool changed = m_slider->getText() != m_text;
+    m_slider->updateEdit();
+    if (changed && m_element && m_owner->getField() == m_field && m_row < m_field->getNum())
+        setElements(m_field, m_row, m_element.get());
+}
+
+bool DvCellSliderGuard::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto* part = static_cast<QWidget*>(watched);
+    if (event->type() == QEvent::FocusOut) {
+        // The frame's own filter tells whether the focus is still inside.
+        QCoreApplication::sendEvent(m_slider, event);
+    } else if (event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        const bool leaves = (key == Qt::Key_Tab && !m_slider->isAncestorOf(part->nextInFocusChain())) ||
+                            (key == Qt::Key_Backtab && part->previousInFocusChain() == m_slider);
+        if (leaves)
+            return QCoreApplication::sendEvent(m_slider, event);
+    }
+    return false;
+}

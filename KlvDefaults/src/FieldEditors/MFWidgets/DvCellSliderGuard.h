@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <memory>
+
+class DvMFieldWidget;
+class DvSlider;
+class SoMField;
+
+/// Makes a slider frame behave as one cell editor: Tab walks through its parts and leaves the cell at either
+/// end, the frame closes when the focus leaves all of its parts, and the element can be given back the value
+/// that it had when the cell was opened.
+class DvCellSliderGuard : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Guards `slider`, which shows element `row` of the owner's field, for as long as it lives.
+    DvCellSliderGuard(DvSlider* slider, DvMFieldWidget* owner, int row);
+    ~DvCellSliderGuard() override;
+
+    /// Drops what is entered, and puts the element back to the bit if the slider has changed it.
+    void revert();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    DvSlider* m_slider;
+    DvMFieldWidget* m_owner;
+    int m_row;
+    SoMField* m_field;
+    std::unique_ptr<SoMField> m_element;
+    QString m_text;
+};
