@@ -1,10 +1,9 @@
+#include "CoinHelpers.h"
 #include "Scene/SceneWriter.h"
 #include "Scene/SensorPump.h"
 #include "TestMain.h"
 #include "View/SceneView.h"
 
-#include <Inventor/SoInput.h>
-#include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTranslation.h>
 
 #include <QAction>
@@ -27,14 +26,6 @@ const char* const withCamera = "Separator { RotationXYZ { axis Y angle 0.7 } Sca
                                "Translation { translation 1 2 3 }"
                                " Separator { DEF Cam PerspectiveCamera { position 0 0 5 heightAngle 0.6 }"
                                " Material { diffuseColor 1 0 0 } Cube {} } }";
-
-SoSeparator* sceneOf(const QByteArray& text)
-{
-    const QByteArray file = "#Inventor V2.1 ascii\n" + text;
-    SoInput input;
-    input.setBuffer(file.constData(), size_t(file.size()));
-    return SoDB::readAll(&input);
-}
 
 QByteArray textOf(SoNode* root)
 {
