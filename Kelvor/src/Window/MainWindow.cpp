@@ -7,6 +7,8 @@
 #include "HostSettings.h"
 #include "Models/FieldListPanel.h"
 #include "Models/SceneTreePanel.h"
+#include "PluginsDialog.h"
+#include "ProfilesDialog.h"
 #include "Scene/SceneDocument.h"
 #include "View/SceneView.h"
 
@@ -70,6 +72,7 @@ MainWindow::~MainWindow()
     KlvServices* services = KlvServices::getInstance();
     services->setSelectedNode(nullptr);
     services->setSelectedField(nullptr);
+    delete m_pluginsDialog;
     // While the window and its docks are whole: the plug-ins take theirs out of it.
     m_plugins.reset();
     m_history->clear();
@@ -124,6 +127,19 @@ void MainWindow::createMenus()
     m_viewMenu->addSeparator();
     QMenu* panels = m_viewMenu->addMenu(tr("&Panels"));
     connect(panels, &QMenu::aboutToShow, this, [this, panels] { fillPanelsMenu(panels); });
+    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
+    tools->addAction(tr("&Profiles…"), this, [this] { ProfilesDialog(&m_plugins->profiles(), this).exec(); });
+    tools->addAction(tr("P&lug-ins…"), this, &MainWindow::showPlugins);
+}
+
+void MainWindow::showPlugins()
+{
+    if (!m_pluginsDialog) {
+        m_pluginsDialog = new PluginsDialog(m_plugins.get(), this);
+        m_pluginsDialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_pluginsDialog->show();
+    m_pluginsDialog->activateWindow();
 }
 
 void MainWindow::createEditMenu()
