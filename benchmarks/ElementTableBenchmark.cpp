@@ -68,6 +68,7 @@ void remove(ElementView& view, benchmark::State& state, int size)
 
 void move(ElementView& view, benchmark::State& state, int)
 {
+    view.scrollTo(0);
     for (auto _ : state)
         view.move(5);
 }

@@ -14,6 +14,10 @@ namespace {
 /// As many as are copied in no time.
 constexpr int fewElements = 1000;
 
+/// Lists of more bytes are left to those who announce their changes: copying all elements again and again
+/// would be felt.
+constexpr qint64 largestList = qint64(4) << 20;
+
 SoMField* elementsOf(SoField* field)
 {
     return field->isOfType(SoMField::getClassTypeId()) ? static_cast<SoMField*>(field) : nullptr;
@@ -126,6 +130,11 @@ bool SelectedFieldCopy::canUpdate() const
     return m_copy && m_copy.use_count() == 1 && m_changed.end < ElementRange().end;
 }
 
+qint64 SelectedFieldCopy::limit() const
+{
+    return elementsOf(m_field) ? std::min(m_limit, largestList) : m_limit;
+}
+
 void SelectedFieldCopy::renew()
 {
     QElapsedTimer cost;
@@ -133,12 +142,12 @@ void SelectedFieldCopy::renew()
     m_outdated = false;
     if (canUpdate()) {
         m_copy->update(static_cast<SoMField&>(*m_field), m_changed);
-        if (m_copy->bytes() > m_limit)
+        if (m_copy->bytes() > limit())
             m_copy.reset();
     } else if (!m_copy || !m_copy->matches(*m_field)) {
         // An equal copy stays, so that the steps on either side of it go on sharing it.
         m_copy.reset();
-        m_copy = FieldSnapshot::take(*m_field, m_limit);
+        m_copy = FieldSnapshot::take(*m_field, limit());
     }
     // A tenth of the time at most goes into copies of a large field that is changing all the time; small ones
     // are cheap.

@@ -14,7 +14,7 @@ class SoSensor;
 /// The copy of the selected field that becomes "before" of the next command. Changes from elsewhere only mark
 /// it stale; it is taken anew when the event loop is idle, and the longer a copy takes, the longer the next
 /// one waits. Where the notifications told which elements have changed and no step of the history shares the
-/// copy, only those are copied.
+/// copy, only those are copied. Of very large lists there is no copy.
 class SelectedFieldCopy
 {
 public:
@@ -47,6 +47,7 @@ private:
     static void fieldDying(void* self, SoSensor* sensor);
     void noteChange();
     bool canUpdate() const;
+    qint64 limit() const;
     void renew();
 
     SoField* m_field = nullptr;

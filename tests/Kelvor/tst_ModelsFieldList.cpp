@@ -1,14 +1,12 @@
 #include "Models/FieldListModel.h"
 #include "Models/FieldPreview.h"
 
+#include "CoinHelpers.h"
 #include "TestMain.h"
 
-#include <Inventor/SoInput.h>
 #include <Inventor/fields/SoFields.h>
 #include <Inventor/nodes/SoCube.h>
 #include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/nodes/SoSeparator.h>
-#include <Inventor/sensors/SoSensorManager.h>
 
 #include <QAbstractItemModelTester>
 #include <QFont>
@@ -22,37 +20,29 @@ class tst_ModelsFieldList : public QObject
 
 private Q_SLOTS:
     void init() { QTest::failOnWarning(unexpectedWarnings()); }
-    void previews_data()
-    {
-        QTest::addColumn<QString>("value");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* type, const char* value, const char* expected) {
-            QTest::addRow("%s %s", type, value) << QString::fromUtf8(value) << QString::fromUtf8(expected);
-        };
-        row("SFVec3f", "0.08 2.5e20 -3", "0.08 2.5e+20 -3");
-        row("SFMatrix", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1");
-        row("MFVec3f", "[1 2 3, 4 5 6]", "2 values: 1 2 3, 4 5 6");
-        row("MFFloat", "[]", "no values");
-        row("SFString", "\"a\nb\tc\"", "\"a⏎b c\"");
-        row("MFString", "[\"ä\", \"\"]", "2 values: \"ä\", \"\"");
-        row("SFNode", "DEF Box Cube {}", "Cube \"Box\"");
-        row("MFNode", "[Cube {}, Cone {}]", "2 values: Cube, Cone");
-        row("SFEngine", "Calculator {}", "Calculator");
-        row("SFPath", "Path { Group { Cube {} } 1 0 }", "path of 2 nodes");
-        row("SFPath", "NULL", "none");
-        row("SFImage", "2 1 3 0xff0000 0x00ff00", "2 x 1, 3 components");
-        row("SFImage", "0 0 0", "no image");
-        row("SFImage3", "1 1 2 1 0x01 0x02", "1 x 1 x 2, 1 component");
-    }
-
     void previews()
     {
-        QFETCH(QString, value);
-        const QByteArray type = QByteArray(QTest::currentDataTag()).split(' ').first();
-        const std::unique_ptr<SoField> field(
-            static_cast<SoField*>(SoType::fromName(type.constData()).createInstance()));
-        QVERIFY(field->set(value.toUtf8().constData()));
-        QTEST(fieldPreview(*field), "expected");
+        const char* const rows[][3] = {
+            {"SFVec3f", "0.08 2.5e20 -3", "0.08 2.5e+20 -3"},
+            {"SFMatrix", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1"},
+            {"MFVec3f", "[1 2 3, 4 5 6]", "2 values: 1 2 3, 4 5 6"},
+            {"MFFloat", "[]", "no values"},
+            {"SFString", "\"a\nb\tc\"", "\"a⏎b c\""},
+            {"MFString", "[\"ä\", \"\"]", "2 values: \"ä\", \"\""},
+            {"SFNode", "DEF Box Cube {}", "Cube \"Box\""},
+            {"MFNode", "[Cube {}, Cone {}]", "2 values: Cube, Cone"},
+            {"SFEngine", "Calculator {}", "Calculator"},
+            {"SFPath", "Path { Group { Cube {} } 1 0 }", "path of 2 nodes"},
+            {"SFPath", "NULL", "none"},
+            {"SFImage", "2 1 3 0xff0000 0x00ff00", "2 x 1, 3 components"},
+            {"SFImage", "0 0 0", "no image"},
+            {"SFImage3", "1 1 2 1 0x01 0x02", "1 x 1 x 2, 1 component"},
+        };
+        for (const auto& [type, value, expected] : rows) {
+            const auto field = newField(type);
+            QVERIFY(field->set(value));
+            QCOMPARE(fieldPreview(*field), QString::fromUtf8(expected));
+        }
     }
 
     void previewsOfUnlistedValues()
@@ -71,9 +61,9 @@ private Q_SLOTS:
             return texts + QStringList(fieldPreview(multiple));
         };
         QCOMPARE(previews(SoSFEnum(), SoMFEnum(), {2, 7}).join(QLatin1String("; ")),
-                 QStringLiteral("B; 7 (not in the list); 2 values: B, 7 (not in the list)"));
+                 QString("B; 7 (not in the list); 2 values: B, 7 (not in the list)"));
         QCOMPARE(previews(SoSFBitMask(), SoMFBitMask(), {3, 0x46, 0}).join(QLatin1String("; ")),
-                 QStringLiteral("A | B; B | 0x44; none; 3 values: A | B, B | 0x44, none"));
+                 QString("A | B; B | 0x44; none; 3 values: A | B, B | 0x44, none"));
     }
 
     void previewsOfLargeValues()
@@ -82,7 +72,7 @@ private Q_SLOTS:
         numbers.setNum(10000000);
         for (int i = 0; i < 20; ++i)
             numbers.set1Value(i, 5);
-        QCOMPARE(fieldPreview(numbers), QStringLiteral("10000000 values: 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, …"));
+        QCOMPARE(fieldPreview(numbers), QString("10000000 values: 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, …"));
         SoSFString faces;
         faces = QByteArray("\U0001F642").repeated(1000000).constData();
         QCOMPARE(fieldPreview(faces), // not cut within a character
@@ -91,26 +81,21 @@ private Q_SLOTS:
 
     void listsStates()
     {
-        QByteArray text = "#Inventor V2.1 ascii\n Separator { DEF Rotor Transform {}"
-                          "  Transform { translation = USE Rotor . scaleFactor  center 1 2 3 ~ }"
-                          "  Material { transparency = ElapsedTime {} . timeOut } VRMLTimeSensor {} }";
-        SoInput input;
-        input.setBuffer(text.data(), static_cast<std::size_t>(text.size()));
-        SoSeparator* root = SoDB::readAll(&input);
-        QVERIFY(root);
+        SoSeparator* root =
+            sceneOf("Separator { DEF Rotor Transform {}"
+                    " Transform { translation = USE Rotor . scaleFactor  center 1 2 3 ~ }"
+                    " Material { transparency = ElapsedTime {} . timeOut } VRMLTimeSensor {} }");
         root->ref();
         SoNode* transform = root->getChild(1);
-        QCOMPARE(state(transform, "translation"), QStringLiteral("connected to Rotor.scaleFactor"));
-        QCOMPARE(state(transform, "center"), QStringLiteral("ignored"));
-        QCOMPARE(state(transform, "rotation"), QStringLiteral("default"));
-        QCOMPARE(state(root->getChild(2), "transparency"),
-                 QStringLiteral("connected to ElapsedTime.timeOut"));
+        QCOMPARE(state(transform, "translation"), QString("connected to Rotor.scaleFactor"));
+        QCOMPARE(state(transform, "center"), QString("ignored"));
+        QCOMPARE(state(transform, "rotation"), QString("default"));
+        QCOMPARE(state(root->getChild(2), "transparency"), QString("connected to ElapsedTime.timeOut"));
 
         QVERIFY(shown(transform, "center", FieldListModel::NameColumn, Qt::FontRole).value<QFont>().bold());
         QVERIFY(
             shown(transform, "center", FieldListModel::ValueColumn, Qt::FontRole).value<QFont>().strikeOut());
-        QCOMPARE(state(root->getChild(3), "timeIn"),
-                 QStringLiteral("event in, connected to realTime.realTime"));
+        QCOMPARE(state(root->getChild(3), "timeIn"), QString("event in, connected to realTime.realTime"));
         root->unref();
     }
 
@@ -123,13 +108,13 @@ private Q_SLOTS:
         QSignalSpy changed(&model, &FieldListModel::dataChanged);
         for (int i = 1; i <= 100; ++i)
             material->transparency = static_cast<float>(i);
-        SoDB::getSensorManager()->processDelayQueue(FALSE);
+        processSensors();
         QCOMPARE(changed.size(), 1);
         QCOMPARE(changed.first().first().toModelIndex(), model.indexOf(&material->transparency));
-        QCOMPARE(shown(material, "transparency", FieldListModel::ValueColumn), QStringLiteral("100"));
+        QCOMPARE(shown(material, "transparency", FieldListModel::ValueColumn), QString("100"));
         model.setContainer(nullptr);
         material->transparency = 0.5F;
-        SoDB::getSensorManager()->processDelayQueue(FALSE);
+        processSensors();
         QCOMPARE(changed.size(), 1);
         material->unref();
     }
@@ -145,7 +130,7 @@ private Q_SLOTS:
         const QPersistentModelIndex row = model.index(1, FieldListModel::ValueColumn);
         cube->height = 3;
         cube->unref();
-        SoDB::getSensorManager()->processDelayQueue(FALSE);
+        processSensors();
         QVERIFY(!row.data().isValid() && !model.field(row));
         model.refreshStates();
         QCoreApplication::processEvents();

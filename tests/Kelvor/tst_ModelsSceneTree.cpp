@@ -3,15 +3,14 @@
 #include "Models/SceneTreeModel.h"
 #include "Models/SceneTreeView.h"
 
+#include "CoinHelpers.h"
 #include "TestMain.h"
 
-#include <Inventor/SoInput.h>
 #include <Inventor/VRMLnodes/SoVRMLGroup.h>
 #include <Inventor/nodes/SoCone.h>
 #include <Inventor/nodes/SoCube.h>
 #include <Inventor/nodes/SoGroup.h>
 #include <Inventor/nodes/SoSceneTexture2.h>
-#include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoSwitch.h>
 
 #include <QAbstractItemModelTester>
@@ -82,104 +81,93 @@ private Q_SLOTS:
         m_model.reset();
     }
 
-    void showsAllChildren_data()
-    {
-        QTest::addColumn<QByteArray>("scene");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* name, const char* scene, const char* expected) {
-            const QByteArray header =
-                QByteArrayView(name).startsWith("VRML") ? "#VRML V2.0 utf8\n" : "#Inventor V2.1 ascii\n";
-            QTest::newRow(name) << header + scene << QString::fromLatin1(expected);
-        };
-        row("vertex property", "FaceSet { vertexProperty VertexProperty {} }",
-            "Separator(FaceSet(VertexProperty))");
-        row("shaders", "ShaderProgram { shaderObject [ VertexShader {}, FragmentShader {} ] }",
-            "Separator(ShaderProgram(VertexShader,FragmentShader))");
-        row("unknown node",
-            "New { fields [ MFNode kids, SFNode one ] kids [ Cube {}, Cube {} ] one Cone {} }",
-            "Separator(UnknownNode(Cube,Cube,Cone))");
-        row("node kit, each part once", "ShapeKit { shape Cone {} }",
-            "Separator(ShapeKit(Separator(Separator(Cone))))");
-        row("VRML, each node once", "Collision { children Shape { geometry Box {} } proxy Group {} }",
-            "VRMLCollision(VRMLShape(VRMLBox),VRMLGroup)");
-        row("VRML prototype", "PROTO P [] { Group { children Shape {} } } Transform { children P {} }",
-            "VRMLGroup(SoProto,VRMLTransform(VRMLGroup(VRMLShape)))");
-    }
-
     void showsAllChildren()
     {
-        QFETCH(QByteArray, scene);
-        SoInput input;
-        input.setBuffer(scene.constData(), static_cast<std::size_t>(scene.size()));
-        SoNode* root = scene.startsWith("#VRML") ? static_cast<SoNode*>(SoDB::readAllVRML(&input))
-                                                 : SoDB::readAll(&input);
-        QVERIFY(root);
-        m_model->setRoot(root);
-        QTEST(outline(*m_model, m_model->index(0, 0)), "expected");
-    }
-
-    void followsEdits_data()
-    {
-        using Edit = std::function<void(SoGroup*)>;
-        QTest::addColumn<Edit>("edit");
-        QTest::addColumn<QString>("expected");
-        QTest::addColumn<QString>("kept"); // rows that persistent indexes must still find
-        const auto add = [](const char* name, const char* expected, const char* kept, const Edit& edit) {
-            QTest::newRow(name) << edit << QString::fromLatin1(expected) << QString::fromLatin1(kept);
-        };
-        add("burst in several places", "XBYD", "BD", [](SoGroup* group) {
-            group->replaceChild(0, cone("X"));
-            group->replaceChild(2, cone("Y"));
-            group->removeChild(4);
-        });
-        add("move to the end", "BCDEA", "BCDE", [](SoGroup* group) {
-            group->addChild(group->getChild(0));
-            group->removeChild(0);
-        });
-        add("quietly, then touched", "ABCD", "ABCD", [](SoGroup* group) {
-            group->enableNotify(FALSE);
-            group->removeChild(4);
-            group->enableNotify(TRUE);
-            group->touch();
-        });
-        add("notified together with another", "BCDE", "BCDE", [](SoGroup* group) {
-            SoDB::startNotify();
-            group->removeChild(0);
-            group->getChild(0)->touch();
-            SoDB::endNotify();
-        });
+        const std::pair<const char*, const char*> rows[] = {
+            {"FaceSet { vertexProperty VertexProperty {} }", "Separator(FaceSet(VertexProperty))"},
+            {"ShaderProgram { shaderObject [ VertexShader {}, FragmentShader {} ] }",
+             "Separator(ShaderProgram(VertexShader,FragmentShader))"},
+            {"New { fields [ MFNode kids, SFNode one ] kids [ Cube {}, Cube {} ] one Cone {} }",
+             "Separator(UnknownNode(Cube,Cube,Cone))"},
+            // Each part of a node kit once, and each node of a VRML grouping node.
+            {"ShapeKit { shape Cone {} }", "Separator(ShapeKit(Separator(Separator(Cone))))"},
+            {"#VRML V2.0 utf8\nCollision { children Shape { geometry Box {} } proxy Group {} }",
+             "VRMLCollision(VRMLShape(VRMLBox),VRMLGroup)"},
+            {"#VRML V2.0 utf8\nPROTO P [] { Group { children Shape {} } } Transform { children P {} }",
+             "VRMLGroup(SoProto,VRMLTransform(VRMLGroup(VRMLShape)))"}};
+        for (const auto& [scene, expected] : rows) {
+            SoInput input;
+            input.setBuffer(scene, strlen(scene));
+            SoNode* root = *scene == '#' ? static_cast<SoNode*>(SoDB::readAllVRML(&input)) : sceneOf(scene);
+            QVERIFY(root);
+            m_model->setRoot(root);
+            QCOMPARE(outline(*m_model, m_model->index(0, 0)), QString::fromLatin1(expected));
+        }
     }
 
     void followsEdits()
     {
-        QFETCH(std::function<void(SoGroup*)>, edit);
-        auto* root = new SoSeparator;
-        auto* group = new SoGroup;
-        for (const char* name : {"A", "B", "C", "D", "E"})
-            group->addChild(cone(name));
-        root->addChild(group);
-        root->addChild(group);
-        const QModelIndex place = m_model->index(1, SceneTreeModel::TypeColumn, show(root));
-        m_model->fetchMore(place);
-        const auto names = [](const auto& indexes) {
-            QString names;
-            for (const QModelIndex index : indexes)
-                names += index.data().toString();
-            return names;
+        const struct
+        {
+            std::function<void(SoGroup*)> edit;
+            const char* expected;
+            const char* kept; // rows that persistent indexes must still find
+        } rows[] = {
+            {[](SoGroup* group) { // in several places at once
+                 group->replaceChild(0, cone("X"));
+                 group->replaceChild(2, cone("Y"));
+                 group->removeChild(4);
+             },
+             "XBYD", "BD"},
+            {[](SoGroup* group) {
+                 group->addChild(group->getChild(0));
+                 group->removeChild(0);
+             },
+             "BCDEA", "BCDE"},
+            {[](SoGroup* group) { // quietly, then touched
+                 group->enableNotify(FALSE);
+                 group->removeChild(4);
+                 group->enableNotify(TRUE);
+                 group->touch();
+             },
+             "ABCD", "ABCD"},
+            {[](SoGroup* group) { // notified together with another
+                 SoDB::startNotify();
+                 group->removeChild(0);
+                 group->getChild(0)->touch();
+                 SoDB::endNotify();
+             },
+             "BCDE", "BCDE"},
         };
-        const auto rows = [&] {
-            QList<QPersistentModelIndex> rows;
-            for (int row = 0; row < m_model->rowCount(place); ++row)
-                rows.append(m_model->index(row, SceneTreeModel::NameColumn, place));
-            return rows;
-        };
-        const QList<QPersistentModelIndex> former = rows();
-        edit(group);
-        QSignalSpy synchronized(m_model.get(), &SceneTreeModel::synchronized);
-        QCoreApplication::processEvents();
-        QCOMPARE(synchronized.size(), 1);
-        QTEST(names(rows()), "expected");
-        QTEST(names(former), "kept");
+        for (const auto& [edit, expected, kept] : rows) {
+            auto* root = new SoSeparator;
+            auto* group = new SoGroup;
+            for (const char* name : {"A", "B", "C", "D", "E"})
+                group->addChild(cone(name));
+            root->addChild(group);
+            root->addChild(group);
+            const QModelIndex place = m_model->index(1, SceneTreeModel::TypeColumn, show(root));
+            m_model->fetchMore(place);
+            const auto names = [](const auto& indexes) {
+                QString names;
+                for (const QModelIndex index : indexes)
+                    names += index.data().toString();
+                return names;
+            };
+            const auto rowsNow = [&] {
+                QList<QPersistentModelIndex> rows;
+                for (int row = 0; row < m_model->rowCount(place); ++row)
+                    rows.append(m_model->index(row, SceneTreeModel::NameColumn, place));
+                return rows;
+            };
+            const QList<QPersistentModelIndex> former = rowsNow();
+            edit(group);
+            QSignalSpy synchronized(m_model.get(), &SceneTreeModel::synchronized);
+            QCoreApplication::processEvents();
+            QCOMPARE(synchronized.size(), 1);
+            QCOMPARE(names(rowsNow()), QString(expected));
+            QCOMPARE(names(former), QString(kept));
+        }
     }
 
     void followsRandomEdits()
@@ -233,11 +221,11 @@ private Q_SLOTS:
         auto* inner = new SoGroup;
         root->addChild(middle), middle->addChild(inner);
         const QModelIndex top = show(root);
-        QCOMPARE(outline(*m_model, top), QStringLiteral("VRMLGroup(VRMLGroup(Group))"));
+        QCOMPARE(outline(*m_model, top), QString("VRMLGroup(VRMLGroup(Group))"));
         inner->addChild(new SoCube);
         middle->addChild(new SoCone);
         QCoreApplication::processEvents();
-        QCOMPARE(outline(*m_model, top), QStringLiteral("VRMLGroup(VRMLGroup(Group(Cube),Cone))"));
+        QCOMPARE(outline(*m_model, top), QString("VRMLGroup(VRMLGroup(Group(Cube),Cone))"));
     }
 
     void tellsWhatCanBeOpenedAndWhatIsSwitchedOff()

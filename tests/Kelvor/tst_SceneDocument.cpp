@@ -135,44 +135,36 @@ private Q_SLOTS:
                  QByteArray::fromHex("ff0000ff00000000ff"));
     }
 
-    void savesAndReadsBack_data()
-    {
-        QTest::addColumn<QByteArray>("header");
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QByteArray>("holds");
-        const auto row = [](const char* name, const char* header, const char* content, const char* holds) {
-            QTest::newRow(name) << QByteArray(header) << QByteArray(content) << QByteArray(holds);
-        };
-        row("inventor", inventor,
-            "Separator { DEF M Material {} Group { USE M } Text2 { string \"\303\251\" } }", "USE M");
-        row("vrml 1", "#VRML V1.0 ascii\n", "Separator { AsciiText { string \"a\" } Cube {} }", "AsciiText");
-        row("vrml 2", "#VRML V2.0 utf8\n",
-            "PROTO My [ field SFColor c 1 0 0 ] { Material { diffuseColor IS c } }\n"
-            "Shape { appearance Appearance { material My { c 0 1 0 } } }\n"
-            "DEF S Shape { geometry Box {} }\nTransform { children [ USE S ] }\n"
-            "DEF T TimeSensor {}\nDEF P PositionInterpolator { key [0,1] keyValue [0 0 0, 1 1 1] }\n"
-            "ROUTE T.fraction_changed TO P.set_fraction\n",
-            "ROUTE T.fraction_changed TO P.set_fraction");
-        row("vrml 2 in a group", "#VRML V2.0 utf8\n", "DEF G Group { children DEF A Shape {} }",
-            "DEF A Shape");
-    }
-
     void savesAndReadsBack()
     {
-        QFETCH(QByteArray, header);
-        QFETCH(QByteArray, content);
-        QFETCH(QByteArray, holds);
-        QVERIFY2(m_document->open(write("source", header + content), &m_error), qPrintable(m_error));
-        write("a.iv", "something older");
-        QVERIFY2(m_document->save(path("a.iv"), &m_error), qPrintable(m_error));
-        QCOMPARE(m_document->fileName(), path("a.iv"));
-        const QByteArray saved = read("a.iv");
-        QVERIFY2(saved.startsWith(header) && saved.contains(holds), saved.constData());
-        QVERIFY(m_document->save(path("again"), &m_error));
-        QCOMPARE(read("again"), saved); // saving did not change the scene
-        QVERIFY2(m_document->reload(&m_error) && m_document->warnings().isEmpty(), qPrintable(m_error));
-        QVERIFY(m_document->save(path("again"), &m_error));
-        QCOMPARE(read("again"), saved);
+        const struct
+        {
+            QByteArray header, content, holds;
+        } rows[] = {{inventor,
+                     "Separator { DEF M Material {} Group { USE M } Text2 { string \"\303\251\" } }",
+                     "USE M"},
+                    {"#VRML V1.0 ascii\n", "Separator { AsciiText { string \"a\" } Cube {} }", "AsciiText"},
+                    {"#VRML V2.0 utf8\n",
+                     "PROTO My [ field SFColor c 1 0 0 ] { Material { diffuseColor IS c } }\n"
+                     "Shape { appearance Appearance { material My { c 0 1 0 } } }\n"
+                     "DEF S Shape { geometry Box {} }\nTransform { children [ USE S ] }\n"
+                     "DEF T TimeSensor {}\nDEF P PositionInterpolator { key [0,1] keyValue [0 0 0, 1 1 1] }\n"
+                     "ROUTE T.fraction_changed TO P.set_fraction\n",
+                     "ROUTE T.fraction_changed TO P.set_fraction"},
+                    {"#VRML V2.0 utf8\n", "DEF G Group { children DEF A Shape {} }", "DEF A Shape"}};
+        for (const auto& [header, content, holds] : rows) {
+            QVERIFY2(m_document->open(write("source", header + content), &m_error), qPrintable(m_error));
+            write("a.iv", "something older");
+            QVERIFY2(m_document->save(path("a.iv"), &m_error), qPrintable(m_error));
+            QCOMPARE(m_document->fileName(), path("a.iv"));
+            const QByteArray saved = read("a.iv");
+            QVERIFY2(saved.startsWith(header) && saved.contains(holds), saved.constData());
+            QVERIFY(m_document->save(path("again"), &m_error));
+            QCOMPARE(read("again"), saved); // saving did not change the scene
+            QVERIFY2(m_document->reload(&m_error) && m_document->warnings().isEmpty(), qPrintable(m_error));
+            QVERIFY(m_document->save(path("again"), &m_error));
+            QCOMPARE(read("again"), saved);
+        }
     }
 
     void keepsTheOldFileWhenSavingFails()

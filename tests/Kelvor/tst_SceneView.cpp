@@ -1,3 +1,4 @@
+#include "CoinHelpers.h"
 #include "Scene/SceneWriter.h"
 #include "Scene/SensorPump.h"
 #include "TestMain.h"
@@ -5,7 +6,6 @@
 
 #include <KlvExtender/SceneGraph/SoGLError.h>
 
-#include <Inventor/SoInput.h>
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/nodes/SoCallback.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -32,14 +32,6 @@ const char* const withCamera = "Separator { RotationXYZ { axis Y angle 0.7 } Sca
                                "Translation { translation 1 2 3 }"
                                " Separator { DEF Cam PerspectiveCamera { position 0 0 5 heightAngle 0.6 }"
                                " Material { diffuseColor 1 0 0 } Cube {} } }";
-
-SoSeparator* sceneOf(const QByteArray& text)
-{
-    const QByteArray file = "#Inventor V2.1 ascii\n" + text;
-    SoInput input;
-    input.setBuffer(file.constData(), size_t(file.size()));
-    return SoDB::readAll(&input);
-}
 
 QByteArray textOf(SoNode* root)
 {

@@ -1,26 +1,20 @@
 #pragma once
 
-#include <KlvExtender/KlvServices.h>
+#include "CoinHelpers.h"
+#include "FieldEditors/MFWidgets/DvMFieldWidget.h"
 
-#include <Inventor/SoDB.h>
-#include <Inventor/fields/SoField.h>
-#include <Inventor/sensors/SoSensorManager.h>
+#include <KlvExtender/KlvServices.h>
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QUndoStack>
 #include <QVBoxLayout>
 
-inline void processSensors()
+/// Makes an editor of multi-value fields, for tables of them.
+template <typename Editor>
+DvMFieldWidget* make()
 {
-    SoDB::getSensorManager()->processDelayQueue(TRUE);
-}
-
-inline QByteArray textOf(SoField* field)
-{
-    SbString text;
-    field->get(text);
-    return text.getString();
+    return new Editor(nullptr);
 }
 
 /// An editor at work on one field, in a window that also has another input and is the active one. Its first
@@ -29,19 +23,20 @@ template <typename Editor>
 class Edited
 {
 public:
-    explicit Edited(SoField* field)
+    explicit Edited(SoField* field, Editor* made = new Editor(nullptr))
+        : owned(made)
     {
         history->clear();
         KlvServices::getInstance()->setSelectedField(field);
         editor.load();
         auto* layout = new QVBoxLayout(&window);
-        layout->addWidget(editor.getWidget());
+        layout->addWidget(widget);
         layout->addWidget(outside);
         editor.setEditedObject(field);
         editor.activate();
         window.show();
         window.activateWindow();
-        line = editor.getWidget()->template findChild<QLineEdit*>();
+        line = widget->findChild<QLineEdit*>();
         if (line)
             line->setFocus();
         QApplication::processEvents();
@@ -50,23 +45,15 @@ public:
     {
         editor.deactivate();
         editor.unload();
-        editor.getWidget()->setParent(nullptr);
+        widget->setParent(nullptr);
         KlvServices::getInstance()->setSelectedNode(nullptr);
-    }
-    template <typename Widget>
-    Widget* child(const char* name)
-    {
-        return editor.getWidget()->template findChild<Widget*>(QString::fromUtf8(name));
-    }
-    template <typename Widget>
-    QList<Widget*> children()
-    {
-        return editor.getWidget()->template findChildren<Widget*>();
     }
 
     QUndoStack* history = KlvServices::getInstance()->getUndoStack();
     QWidget window;
     QLineEdit* outside = new QLineEdit;
-    Editor editor{nullptr};
+    std::unique_ptr<Editor> owned;
+    Editor& editor = *owned;
+    QWidget* widget = editor.getWidget();
     QLineEdit* line = nullptr;
 };

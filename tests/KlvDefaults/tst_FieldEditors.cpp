@@ -14,11 +14,9 @@
 
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/fields/SoMFString.h>
-#include <Inventor/fields/SoSFDouble.h>
 #include <Inventor/fields/SoSFFloat.h>
 #include <Inventor/fields/SoSFString.h>
 #include <Inventor/nodes/SoLabel.h>
-#include <Inventor/nodes/SoSeparator.h>
 
 #include <QClipboard>
 #include <QPushButton>
@@ -29,15 +27,12 @@ class tst_FieldEditors : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { QTest::failOnWarning(QRegularExpression("^(?!This plugin does not support)")); }
+    void init() { QTest::failOnWarning(unexpectedWarnings()); }
 
     void tables()
     {
-        for (int time = 0; time < 2; ++time) {
-            QCOMPARE(klsettings_fieldEditor("labelPointSize"), 10);
-            QCOMPARE(klsettings_fieldEditor("MFGlobalLayoutMarging"), 6);
-            QCOMPARE(klsettings_fieldEditor("labelpointsize") + klsettings_fieldEditor(""), 0);
-        }
+        QCOMPARE(klsettings_fieldEditor("MFGlobalLayoutMarging"), 6);
+        QCOMPARE(klsettings_fieldEditor("mfgloballayoutmarging"), 0);
         const DvRangeSettings ranges;
         QVERIFY(ranges.getFieldRange("Material", "transparency") == DvRangeComponent(0.0f, 1.0f, true));
         QVERIFY(ranges.getFieldRange("DefaultNode", "intField") == DvRangeComponent(0, 100, false));
@@ -77,39 +72,31 @@ private Q_SLOTS:
         QCOMPARE(list.getNum(), 3);
     }
 
-    void typing_data()
-    {
-        QTest::addColumn<QByteArray>("kind");
-        QTest::addColumn<QString>("text");
-        for (const char* text : {"1.5", "-2", "1e-3", " 7 "})
-            QTest::addRow("float %s", text) << QByteArray("SFFloat") << QString::fromUtf8(text);
-        QTest::newRow("vector") << QByteArray("SFVec3f") << QStringLiteral("1 -2.5 3e2");
-        QTest::newRow("string") << QByteArray("SFString") << QStringLiteral("\"a \\\"b\\\" c\"");
-        QTest::newRow("bool") << QByteArray("SFBool") << QStringLiteral("TRUE");
-        QTest::newRow("unsigned") << QByteArray("SFUInt32") << QStringLiteral("0xFF");
-    }
     void typing()
     {
-        QFETCH(QByteArray, kind);
-        QFETCH(QString, text);
-        const SoType type = SoType::fromName(SbName(kind.constData()));
-        const std::unique_ptr<SoField> expected(static_cast<SoField*>(type.createInstance()));
-        QVERIFY(expected->set(text.toUtf8().constData()));
-        for (const bool processBetween : {true, false}) {
-            const std::unique_ptr<SoField> field(static_cast<SoField*>(type.createInstance()));
-            field->set("0 0 0");
-            Edited<DvSFLineWidget> edited(field.get());
-            edited.line->selectAll();
-            for (int i = 0; i < text.size(); ++i) {
-                QTest::keyClick(edited.line, text[i].toLatin1());
-                if (processBetween)
-                    processSensors();
-                QCOMPARE(edited.line->text(), text.left(i + 1));
-                QCOMPARE(edited.line->cursorPosition(), i + 1);
+        const std::pair<const char*, QString> rows[] = {
+            {"SFFloat", "1.5"}, {"SFFloat", "-2"},         {"SFFloat", "1e-3"},
+            {"SFFloat", " 7 "}, {"SFVec3f", "1 -2.5 3e2"}, {"SFString", "\"a \\\"b\\\" c\""},
+            {"SFBool", "TRUE"}, {"SFUInt32", "0xFF"}};
+        for (const auto& [kind, text] : rows) {
+            const auto expected = newField(kind);
+            QVERIFY(expected->set(text.toUtf8().constData()));
+            for (const bool processBetween : {true, false}) {
+                const auto field = newField(kind);
+                field->set("0 0 0");
+                Edited<DvSFLineWidget> edited(field.get());
+                edited.line->selectAll();
+                for (int i = 0; i < text.size(); ++i) {
+                    QTest::keyClick(edited.line, text[i].toLatin1());
+                    if (processBetween)
+                        processSensors();
+                    QCOMPARE(edited.line->text(), text.left(i + 1));
+                    QCOMPARE(edited.line->cursorPosition(), i + 1);
+                }
+                processSensors();
+                QCOMPARE(edited.line->text(), text);
+                QVERIFY(field->isSame(*expected));
             }
-            processSensors();
-            QCOMPARE(edited.line->text(), text);
-            QVERIFY(field->isSame(*expected));
         }
     }
 
@@ -120,41 +107,25 @@ private Q_SLOTS:
         field.setDefault(TRUE);
         Edited<DvSFLineWidget> edited(&field);
         QTest::keyClicks(edited.line, "x.5");
-        QCOMPARE(edited.line->text(), QStringLiteral("x.51"));
+        QCOMPARE(edited.line->text(), QString("x.51"));
         QVERIFY(field.isDefault() && field.getValue() == 1.0f && edited.history->count() == 0);
 
         // The echo of "2" comes when the text is already "2e", which must not be wiped.
         edited.line->selectAll();
         QTest::keyClicks(edited.line, "2e");
         processSensors();
-        QCOMPARE(edited.line->text(), QStringLiteral("2e"));
+        QCOMPARE(edited.line->text(), QString("2e"));
         // A refresh that is no echo shows the field, also while an echo is due.
         QTest::keyClicks(edited.line, "1x");
         edited.editor.refresh();
-        QCOMPARE(edited.line->text(), QStringLiteral("20"));
+        QCOMPARE(edited.line->text(), QString("20"));
 
         // A change from elsewhere shows, the caret stays.
         field.setValue(0.125f);
         QTest::keyClick(edited.line, Qt::Key_Home);
         processSensors();
-        QCOMPARE(edited.line->text(), QStringLiteral("0.125"));
+        QCOMPARE(edited.line->text(), QString("0.125"));
         QVERIFY(edited.line->cursorPosition() == 0 && !edited.editor.edited());
-    }
-
-    void undoIsExact()
-    {
-        SoSFDouble number;
-        number.setValue(0.1 + 0.2);
-        Edited<DvSFLineWidget> edited(&number);
-        edited.line->selectAll();
-        QTest::keyClicks(edited.line, "1.25");
-        QCOMPARE(edited.history->count(), 1);
-        edited.history->undo();
-        QVERIFY(number.getValue() == 0.1 + 0.2);
-        processSensors();
-        QCOMPARE(edited.line->text().toUtf8(), textOf(&number));
-        edited.history->redo();
-        QVERIFY(number.getValue() == 1.25);
     }
 
     void exactStrings()
@@ -198,7 +169,7 @@ private Q_SLOTS:
     {
         SoSFName& field = (new SoLabel)->label;
         Edited<DvSFNameWidget> edited(&field);
-        auto* ignoreButton = edited.child<QPushButton>("m_ignoreButton");
+        auto* ignoreButton = edited.widget->findChild<QPushButton*>("m_ignoreButton");
         edited.line->selectAll();
         QTest::keyClicks(edited.line, "pending");
         for (const bool ignored : {true, false}) {
@@ -215,50 +186,32 @@ private Q_SLOTS:
         QVERIFY(field.isDefault() && field.getValue() == SbName("<Undefined label>"));
     }
 
-    void resetToDefault_data()
-    {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QByteArray>("field");
-        QTest::addColumn<QByteArray>("result"); // empty when there is no default
-        const auto row = [](const char* file, const char* field, const char* result = "") {
-            QTest::newRow(file) << QByteArray(file) << QByteArray(field) << QByteArray(result);
-        };
-        row("#Inventor V2.1 ascii\n DirectionalLight { direction 0.1 0.2 0.3 }", "direction", "0 0 -1");
-        row("#Inventor V2.1 ascii\n DrawStyle { style LINES }", "style", "FILLED");
-        row("#Inventor V2.1 ascii\n Blinker {}", "whichChild");
-        row("#Inventor V2.1 ascii\n Strange { fields [ SFFloat own ] own 2 }", "own");
-        row("#VRML V2.0 utf8\n Script { field SFFloat own 2 }", "own");
-        row("", "no container");
-    }
     void resetToDefault()
     {
-        QFETCH(QByteArray, file);
-        QFETCH(QByteArray, field);
-        QFETCH(QByteArray, result);
-        SoSFFloat alone;
-        SoField* edited = &alone;
-        SoInput input;
-        input.setBuffer(file.data(), file.size());
-        SoSeparator* scene = file.isEmpty() ? new SoSeparator : SoDB::readAll(&input);
-        if (!file.isEmpty())
-            edited = scene->getChild(0)->getField(SbName(field.constData()));
-        scene->ref();
-        const auto release = qScopeGuard([scene] { scene->unref(); });
-        QVERIFY(edited);
-        const QByteArray before = textOf(edited);
-
-        static int warnings;
-        warnings = 0;
-        const auto handler = SoDebugError::getHandlerCallback();
-        const auto restore = qScopeGuard([=] { SoDebugError::setHandlerCallback(handler, nullptr); });
-        SoDebugError::setHandlerCallback([](const SoError*, void*) { ++warnings; }, nullptr);
-        Edited<DvSFLineWidget> row(edited);
-        row.child<QPushButton>("m_defaultButton")->click();
-        const bool possible = !result.isEmpty();
-        QCOMPARE(textOf(edited), possible ? result : before);
-        QCOMPARE(warnings, possible ? 0 : 1);
-        QCOMPARE(row.history->count(), possible ? 1 : 0);
-        QVERIFY(!possible || edited->isDefault());
+        // A scene, the field of its first node, and its default if it has one.
+        const char* const rows[][3] = {{"DirectionalLight { direction 0.1 0.2 0.3 }", "direction", "0 0 -1"},
+                                       {"DrawStyle { style LINES }", "style", "FILLED"},
+                                       {"Blinker {}", "whichChild", nullptr},
+                                       {"Strange { fields [ SFFloat own ] own 2 }", "own", nullptr},
+                                       {"#VRML V2.0 utf8\n Script { field SFFloat own 2 }", "own", nullptr},
+                                       {"", "no container", nullptr}};
+        for (const auto& [file, name, result] : rows) {
+            SoSFFloat alone;
+            SoSeparator* scene = sceneOf(file);
+            scene->ref();
+            {
+                SoField& field = *file ? *scene->getChild(0)->getField(name) : alone;
+                const QByteArray expected = result ? QByteArray(result) : textOf(field);
+                const PostedErrors<SoDebugError> errors;
+                Edited<DvSFLineWidget> edited(&field);
+                edited.widget->findChild<QPushButton*>("m_defaultButton")->click();
+                QCOMPARE(textOf(field), expected);
+                QCOMPARE(errors.messages.size(), result ? 0 : 1);
+                QCOMPARE(edited.history->count(), result ? 1 : 0);
+                QVERIFY(!result || field.isDefault());
+            }
+            scene->unref();
+        }
     }
 
     void fieldDestroyed()
@@ -272,7 +225,7 @@ private Q_SLOTS:
         QVERIFY(lost.count() == 1 && edited.editor.getEditedObject().isNull() && !edited.editor.isVisible());
         QTest::keyClicks(edited.line, "4\r");
         for (const char* name : {"m_ignoreButton", "m_defaultButton"})
-            edited.child<QPushButton>(name)->click();
+            edited.widget->findChild<QPushButton*>(name)->click();
         edited.editor.refresh();
 
         // Loaded again it is an editor like before.
@@ -282,7 +235,7 @@ private Q_SLOTS:
         edited.editor.setEditedObject(&other);
         edited.editor.activate();
         QCOMPARE(edited.editor.getWidget()->findChildren<QLineEdit*>().size(), 1);
-        QCOMPARE(edited.child<QLineEdit>("lineEdit")->text().toUtf8(), textOf(&other));
+        QCOMPARE(edited.widget->findChild<QLineEdit*>("lineEdit")->text().toUtf8(), textOf(other));
     }
 };
 

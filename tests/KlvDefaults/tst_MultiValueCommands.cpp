@@ -14,7 +14,6 @@
 
 #include <Inventor/errors/SoReadError.h>
 #include <Inventor/fields/SoMFInt32.h>
-#include <Inventor/sensors/SoFieldSensor.h>
 
 #include <QValidator>
 
@@ -45,8 +44,6 @@ const struct
     {create<KlvMFSwapRowsCommand>, 0, 5, "Move a row of %1", "012340", "012340"},
 };
 
-int g_readErrors;
-
 } // namespace
 
 class tst_MultiValueCommands : public QObject
@@ -72,8 +69,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, text);
         QUndoStack* history = KlvServices::getInstance()->getUndoStack();
         for (const auto& [create, first, second, step, done, undone] : operations) {
-            const SoType type = SoType::fromName(SbName(QTest::currentDataTag()));
-            const std::unique_ptr<SoMField> field(static_cast<SoMField*>(type.createInstance()));
+            const auto field = newField<SoMField>(QTest::currentDataTag());
             setFieldFromText(field.get(), text.constData());
             const auto before = copyElements(field.get(), 0, 4);
             insertElements(before.get(), 4, 1);
@@ -84,21 +80,18 @@ private Q_SLOTS:
                                 copyElements(before.get(), *rows - '0', 1).get());
                 return field->isSame(*expected);
             };
-            SoReadError::setHandlerCallback([](const SoError*, void*) { ++g_readErrors; }, nullptr);
-            int calls = g_readErrors = 0;
-            SoFieldSensor sensor([](void* data, SoSensor*) { ++*static_cast<int*>(data); }, &calls);
-            sensor.setPriority(0);
-            sensor.attach(field.get());
+            const PostedErrors<SoReadError> errors;
+            const Notifications notifications(*field);
             KlvServices::getInstance()->pushCommand(create(field.get(), first, second));
             QCOMPARE(history->undoText(), QString(step).arg(QTest::currentDataTag()));
-            QVERIFY2(calls <= 1 && (calls == 1 || field->getNum() == 4), step);
+            QVERIFY2(notifications.count <= 1 && (notifications.count == 1 || field->getNum() == 4), step);
             for (int time = 0; time < 2; ++time) {
                 QVERIFY2(holds(done), step);
                 history->undo();
                 QVERIFY2(holds(undone), step);
                 history->redo();
             }
-            QVERIFY(g_readErrors == 0 || second == 5);
+            QVERIFY(errors.messages.isEmpty() || second == 5);
             // Somebody else shortens the field in between.
             field->enableNotify(FALSE);
             for (const auto walk : {&QUndoStack::undo, &QUndoStack::redo, &QUndoStack::undo}) {
@@ -124,10 +117,10 @@ private Q_SLOTS:
             command->execute();
             list.set1Value(1, 5);
             command->undo();
-            QCOMPARE(textOf(&list), command == &withPrevious ? "[ 1, 7 ]" : "[ 1, 2 ]");
+            QCOMPARE(textOf(list), command == &withPrevious ? "[ 1, 7 ]" : "[ 1, 2 ]");
             deleteElements(&list, 1, 1);
             command->redo();
-            QCOMPARE(textOf(&list), command == &written ? "[ 1, 2 ]" : "[ 1, 4 ]");
+            QCOMPARE(textOf(list), command == &written ? "[ 1, 2 ]" : "[ 1, 4 ]");
         }
     }
 

@@ -28,7 +28,7 @@ public:
     void swapColumns(int, int) override {}
     void set1Value(int row, int column, QString text) override
     {
-        calls += QStringLiteral("%1 %2 %3").arg(row).arg(column).arg(text);
+        calls += QString("%1 %2 %3").arg(row).arg(column).arg(text);
     }
     void setValue(int, const void*) override {}
     void applyChanges() override { calls += "apply"; }
@@ -36,7 +36,7 @@ public:
     QStringList calls;
 };
 
-const QStringList Once{QStringLiteral("apply")};
+const QStringList Once{QString("apply")};
 
 /// A frame in a window of its own that has the keyboard focus.
 template <typename Frame>
@@ -162,7 +162,7 @@ private Q_SLOTS:
             for (const int position : {10, 20, 33})
                 real.slider->setSliderPosition(position);
             QCOMPARE(owner.calls.size(), live ? 3 : 0);
-            QCOMPARE(real.line->text(), QStringLiteral("3.300000"));
+            QCOMPARE(real.line->text(), QString("3.300000"));
             real.slider->setSliderDown(false);
             QCOMPARE(owner.calls.size(), live ? 4 : 1);
             QCOMPARE(real.frame->getRealValue(), 3.3);
@@ -267,10 +267,10 @@ private Q_SLOTS:
         QVERIFY(open.getValue() == 15 && edited.editor.edited());
         // Typing goes on while the commit comes back, but not over a change from elsewhere.
         processSensors();
-        QCOMPARE(edited.line->text(), QStringLiteral("157"));
+        QCOMPARE(edited.line->text(), QString("157"));
         open.setValue(3);
         processSensors();
-        QCOMPARE(edited.line->text(), QStringLiteral("3.000000"));
+        QCOMPARE(edited.line->text(), QString("3.000000"));
     }
 };
 

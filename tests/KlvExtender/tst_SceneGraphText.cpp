@@ -1,5 +1,5 @@
+#include "CoinHelpers.h"
 #include "TestMain.h"
-#include "tst_SceneGraphSupport.h"
 
 #include "../../KlvExtender/src/SceneGraph/FieldBits.h"
 
@@ -8,7 +8,9 @@
 
 #include <Inventor/SoPath.h>
 #include <Inventor/VRMLnodes/SoVRMLText.h>
+#include <Inventor/errors/SoReadError.h>
 #include <Inventor/fields/SoFields.h>
+#include <Inventor/lists/SoTypeList.h>
 #include <Inventor/nodes/SoCube.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -20,20 +22,34 @@
 
 namespace {
 
+/// Every type that can be instantiated of a kind of fields, by name.
+template <class Kind>
+QList<QByteArray> typesOf()
+{
+    SoTypeList types;
+    SoType::getAllDerivedFrom(Kind::getClassTypeId(), types);
+    QList<QByteArray> names;
+    for (int i = 0; i < types.getLength(); ++i)
+        if (types[i].canCreateInstance())
+            names << types[i].getName().getString();
+    return names;
+}
+
 /// Gives enumerations and bit masks the names A to D for 1, 2, 4 and 8.
 void giveNames(SoField& field)
 {
     const int values[] = {1, 2, 4, 8};
     const SbName names[] = {"A", "B", "C", "D"};
-    if (field.isOfType(SoSFEnum::getClassTypeId()))
-        static_cast<SoSFEnum&>(field).setEnums(4, values, names);
-    if (field.isOfType(SoMFEnum::getClassTypeId()))
-        static_cast<SoMFEnum&>(field).setEnums(4, values, names);
+    if (auto* single = dynamic_cast<SoSFEnum*>(&field))
+        single->setEnums(4, values, names);
+    if (auto* multiple = dynamic_cast<SoMFEnum*>(&field))
+        multiple->setEnums(4, values, names);
 }
 
-std::unique_ptr<SoField> namedField(const QByteArray& type)
+template <class Field = SoField>
+std::unique_ptr<Field> namedField(const QByteArray& type)
 {
-    auto field = newField(type.constData());
+    auto field = newField<Field>(type.constData());
     giveNames(*field);
     return field;
 }
@@ -66,7 +82,7 @@ QByteArray sampleText(const QByteArray& type)
     for (QByteArray numbers : {"3", "5", "0.6"})
         for (int count = 0; count < 16; ++count, numbers += " 1")
             candidates << numbers;
-    const ReadErrors errors;
+    const PostedErrors<SoReadError> errors;
     for (const QByteArray& candidate : candidates) {
         const auto field = namedField(type);
         const QByteArray before = textOf(*field);
@@ -88,14 +104,14 @@ private Q_SLOTS:
     void printedTextIsTaken_data()
     {
         QTest::addColumn<QByteArray>("type");
-        for (const QByteArray& type : fieldTypes())
+        for (const QByteArray& type : typesOf<SoField>())
             QTest::newRow(type.constData()) << type;
     }
 
     void printedTextIsTaken()
     {
         QFETCH(QByteArray, type);
-        const ReadErrors errors;
+        const PostedErrors<SoReadError> errors;
         const auto field = namedField(type);
         const auto other = namedField(type);
         QVERIFY2(setFieldFromText(field.get(), textOf(*field).constData()), textOf(*field).constData());
@@ -147,102 +163,93 @@ private Q_SLOTS:
         }
     }
 
-    void refused_data()
-    {
-        QTest::addColumn<QByteArray>("type");
-        QTest::addColumn<QByteArrayList>("texts");
-        const auto row = [](const char* type, const QByteArrayList& texts) {
-            QTest::newRow(type) << QByteArray(type) << texts;
-        };
-        row("SFFloat", {"", " # 1", "abc", "2.5abc", "2.5 3", "1,5", "1e39", "-1e39", "--1", "+-1", "1e",
-                        "0x1p3", "[ 1 ]"});
-        row("SFDouble", {"1e400", "1.8e308"});
-        row("SFInt32", {"3.7", "2147483648", "99999999999", "1e3", "08", "0x", "0xffffffff"});
-        row("SFShort", {"32768", "-32769"});
-        row("SFUInt32", {"-1", "4294967296"});
-        row("SFVec4ub", {"256 0 0 0", "-1 0 0 0"});
-        row("SFVec3f", {"1 2", "1 2 x", "1 2 3 4", "1, 2, 3"});
-        row("SFMatrix", {"1 0 0 0 0 1 0 0 0 0 1 0 0 0 0", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 7"});
-        row("SFBool", {"2", "true", "TRUE FALSE", "-1"});
-        row("SFEnum", {"E", "a", "1", "A B", ""});
-        row("SFBitMask", {"(A | E)", "(A", "A | B", "(A B)", "E"});
-        row("SFString", {"", "\"abc", "\"a\" \"b\"", "two words", "\"a\" b"});
-        row("MFFloat", {"[ 1, 2", "[ 1,, 2 ]", "[ , ]", "1 2", "[ 1, x, 3 ]", "[ 1 ] 2", "1 ]", "[ [ 1 ] ]"});
-        row("MFString", {"[ \"a\", \"b ]", "[ \"a\" \"b\"", "[ \"a\"b ]"});
-        row("MFEnum", {"[ A, E ]"});
-        row("SFImage", {"2 2 1\n0x1 0x2 0x3", "1 1 1\n0x100", "-1 1 1", "1 1 5\n0x1", "100000 100000 4",
-                        "32000 32000 4\n0x1", "1 1 1\n0x1 0x2"});
-        row("SFImage3", {"2000 2000 2000 4\n0x1", "1 1 1 1"});
-        row("SFNode", {"", "Cube", "Cube {", "Group { DEF A Group { USE A } }", "Cube { width abc }",
-                       "Cube { } Sphere { }", "NULL x", "Path { NULL 1 0 }", "Calculator { }", "USE no"});
-        row("SFEngine", {"Cube { }", "Calculator { a x }"});
-        row("SFPath", {"Cube {", "Calculator { }"});
-        row("MFNode", {"[ Cube { }, Cone { height x } ]", "[ Cube { }", "[ NULL, ]  NULL"});
-        row("SFTrigger", {"now"});
-    }
-
     void refused()
     {
-        QFETCH(QByteArray, type);
-        QFETCH(QByteArrayList, texts);
-        const auto field = namedField(type);
-        QVERIFY(setFieldFromText(field.get(), sampleText(type).constData()));
-        const auto copy = copyOf(*field);
-        for (const QByteArray& text : texts) {
-            field->setIgnored(!field->isIgnored());
-            field->setDefault(field->isIgnored());
-            const ReadErrors errors;
-            const Notifications notifications(*field);
-            QVERIFY2(!setFieldFromText(field.get(), text.constData()), text.constData());
-            QVERIFY2(identicalFields(*field, *copy), text.constData());
-            QCOMPARE(field->isDefault(), field->isIgnored());
-            QVERIFY(errors.messages.size() == 1 && notifications.count == 0);
-        }
-    }
-
-    void unchangedTextChangesNothing_data()
-    {
-        QTest::addColumn<std::shared_ptr<SoField>>("field");
-        const auto row = [](const char* name, auto field, auto value) {
-            giveNames(*field);
-            if constexpr (requires { field->set1Value(1, value); }) {
-                field->set1Value(0, value);
-                field->set1Value(1, value);
-            } else {
-                field->setValue(value);
-            }
-            QTest::newRow(name) << std::shared_ptr<SoField>(field);
+        const std::pair<const char*, QByteArrayList> rows[] = {
+            {"SFFloat",
+             {"", " # 1", "abc", "2.5abc", "2.5 3", "1,5", "1e39", "-1e39", "--1", "+-1", "1e", "0x1p3",
+              "[ 1 ]"}},
+            {"SFDouble", {"1e400", "1.8e308"}},
+            {"SFInt32", {"3.7", "2147483648", "99999999999", "1e3", "08", "0x", "0xffffffff"}},
+            {"SFShort", {"32768", "-32769"}},
+            {"SFUInt32", {"-1", "4294967296"}},
+            {"SFVec4ub", {"256 0 0 0", "-1 0 0 0"}},
+            {"SFVec3f", {"1 2", "1 2 x", "1 2 3 4", "1, 2, 3"}},
+            {"SFMatrix", {"1 0 0 0 0 1 0 0 0 0 1 0 0 0 0", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 7"}},
+            {"SFBool", {"2", "true", "TRUE FALSE", "-1"}},
+            {"SFEnum", {"E", "a", "1", "A B", ""}},
+            {"SFBitMask", {"(A | E)", "(A", "A | B", "(A B)", "E"}},
+            {"SFString", {"", "\"abc", "\"a\" \"b\"", "two words", "\"a\" b"}},
+            {"MFFloat",
+             {"[ 1, 2", "[ 1,, 2 ]", "[ , ]", "1 2", "[ 1, x, 3 ]", "[ 1 ] 2", "1 ]", "[ [ 1 ] ]"}},
+            {"MFString", {"[ \"a\", \"b ]", "[ \"a\" \"b\"", "[ \"a\"b ]"}},
+            {"MFEnum", {"[ A, E ]"}},
+            {"SFImage",
+             {"2 2 1\n0x1 0x2 0x3", "1 1 1\n0x100", "-1 1 1", "1 1 5\n0x1", "100000 100000 4",
+              "32000 32000 4\n0x1", "1 1 1\n0x1 0x2"}},
+            {"SFImage3", {"2000 2000 2000 4\n0x1", "1 1 1 1"}},
+            {"SFNode",
+             {"", "Cube", "Cube {", "Group { DEF A Group { USE A } }", "Cube { width abc }",
+              "Cube { } Sphere { }", "NULL x", "Path { NULL 1 0 }", "Calculator { }", "USE no"}},
+            {"SFEngine", {"Cube { }", "Calculator { a x }"}},
+            {"SFPath", {"Cube {", "Calculator { }"}},
+            {"MFNode", {"[ Cube { }, Cone { height x } ]", "[ Cube { }", "[ NULL, ]  NULL"}},
+            {"SFTrigger", {"now"}},
         };
-        row("float", new SoSFFloat, 0.1f + 0.2f);
-        row("double", new SoSFDouble, 0.1 + 0.2);
-        row("nan", new SoSFDouble, std::copysign(std::nan("77"), -1.0));
-        row("time", new SoSFTime, SbTime(1.1e9 / 7));
-        row("rotation", new SoSFRotation, SbRotation(SbVec3f(1, 2, 3), 2.1f));
-        row("rotations", new SoMFRotation, SbRotation(SbVec3f(-3, 0.1f, 2), 0.7f));
-        row("plane", new SoSFPlane, SbPlane(SbVec3f(1, 2, 3), 0.7f));
-        row("truth", new SoSFBool, 2);
-        row("enumeration", new SoSFEnum, 77);
-        row("enumerations", new SoMFEnum, 77);
-        row("mask", new SoSFBitMask, 0x33);
-        row("masks", new SoMFBitMask, 0x33);
-        row("nodes", new SoMFNode, static_cast<SoNode*>(new SoCube));
-        row("path", new SoSFPath, new SoPath(new SoCube));
+        for (const auto& [type, texts] : rows) {
+            const auto field = namedField(type);
+            QVERIFY(setFieldFromText(field.get(), sampleText(type).constData()));
+            const auto copy = copyOf(*field);
+            for (const QByteArray& text : texts) {
+                field->setIgnored(!field->isIgnored());
+                field->setDefault(field->isIgnored());
+                const PostedErrors<SoReadError> errors;
+                const Notifications notifications(*field);
+                QVERIFY2(!setFieldFromText(field.get(), text.constData()), text.constData());
+                QVERIFY2(identicalFields(*field, *copy), text.constData());
+                QCOMPARE(field->isDefault(), field->isIgnored());
+                QVERIFY2(errors.messages.size() == 1 && notifications.count == 0, text.constData());
+            }
+        }
     }
 
     void unchangedTextChangesNothing()
     {
-        QFETCH(std::shared_ptr<SoField>, field);
-        const auto copy = copyOf(*field);
-        const Notifications notifications(*field);
-        QVERIFY(setFieldFromText(field.get(), textOf(*field).constData()));
-        QVERIFY(identicalFields(*field, *copy));
-        QCOMPARE(notifications.count, 1);
-        if (field->isOfType(SoMField::getClassTypeId())) {
-            auto* list = static_cast<SoMField*>(field.get());
-            QVERIFY(setElementFromText(list, 1, getElementText(list, 1)));
-            QVERIFY(identicalFields(*field, *copy));
-            QCOMPARE(notifications.count, 2);
-        }
+        const auto check = [](auto&& field, auto value) {
+            constexpr bool isList = requires
+            {
+                field.set1Value(1, value);
+            };
+            giveNames(field);
+            if constexpr (isList) {
+                field.set1Value(0, value);
+                field.set1Value(1, value);
+            } else {
+                field.setValue(value);
+            }
+            const auto copy = copyOf(field);
+            const Notifications notifications(field);
+            QVERIFY(setFieldFromText(&field, textOf(field).constData()));
+            QVERIFY2(identicalFields(field, *copy) && notifications.count == 1, textOf(field));
+            if constexpr (isList) {
+                QVERIFY(setElementFromText(&field, 1, getElementText(&field, 1)));
+                QVERIFY2(identicalFields(field, *copy) && notifications.count == 2, textOf(field));
+            }
+        };
+        check(SoSFFloat(), 0.1f + 0.2f);
+        check(SoSFDouble(), 0.1 + 0.2);
+        check(SoSFDouble(), std::copysign(std::nan("77"), -1.0));
+        check(SoSFTime(), SbTime(1.1e9 / 7));
+        check(SoSFRotation(), SbRotation(SbVec3f(1, 2, 3), 2.1f));
+        check(SoMFRotation(), SbRotation(SbVec3f(-3, 0.1f, 2), 0.7f));
+        check(SoSFPlane(), SbPlane(SbVec3f(1, 2, 3), 0.7f));
+        check(SoSFBool(), 2);
+        check(SoSFEnum(), 77);
+        check(SoMFEnum(), 77);
+        check(SoSFBitMask(), 0x33);
+        check(SoMFBitMask(), 0x33);
+        check(SoMFNode(), static_cast<SoNode*>(new SoCube));
+        check(SoSFPath(), new SoPath(new SoCube));
     }
 
     void strings()
@@ -296,7 +303,7 @@ private Q_SLOTS:
         }
         // Thousands of doubtful ends before the error at the end take no more than a moment.
         const QByteArray broken = "[ " + QByteArray("\"a\\\", ").repeated(20000) + "\"b";
-        const ReadErrors errors;
+        const PostedErrors<SoReadError> errors;
         SoMFString field;
         QVERIFY(!setFieldFromText(&field, broken.constData()));
     }
@@ -311,7 +318,7 @@ private Q_SLOTS:
         nodes.set1Value(3, nullptr);
         const int references = cube->getRefCount();
         {
-            const ReadErrors errors;
+            const PostedErrors<SoReadError> errors;
             QVERIFY(!setFieldFromText(&nodes, "[ DEF junk Cube { }, DEF junk Cube { width x } ]"));
             QVERIFY(!setElementFromText(&nodes, 0, "DEF junk Cube { } Cube { }"));
             QVERIFY(!SoNode::getByName("junk"));
@@ -353,14 +360,14 @@ private Q_SLOTS:
             {"MFNode", "[ NULL ]"}, {"MFNode", "Cube { width x }"}, {"MFPath", ""}};
         // clang-format on
         for (const auto& [type, text] : rows) {
-            const auto field = namedField(type);
-            auto* list = static_cast<SoMField*>(field.get());
+            const auto field = namedField<SoMField>(type);
+            SoMField* list = field.get();
             const QByteArray sample = sampleText(type);
             for (int i = 0; i < 3; ++i)
                 QVERIFY(setElementFromText(list, i, sample.constData()));
             const auto copy = copyOf(*field);
             field->setDefault(TRUE);
-            const ReadErrors errors;
+            const PostedErrors<SoReadError> errors;
             const Notifications notifications(*field);
             for (const int index : {1, 3, 1000})
                 QVERIFY2(!setElementFromText(list, index, text), text);
@@ -374,11 +381,9 @@ private Q_SLOTS:
 
     void elementsBeyondTheEnd()
     {
-        for (const QByteArray& type : fieldTypes()) {
-            const auto field = namedField(type);
-            if (!field->isOfType(SoMField::getClassTypeId()))
-                continue;
-            auto* list = static_cast<SoMField*>(field.get());
+        for (const QByteArray& type : typesOf<SoMField>()) {
+            const auto field = namedField<SoMField>(type);
+            SoMField* list = field.get();
             // Memory that was used before must not show through.
             const QByteArray sample = sampleText(type);
             for (int i = 0; i < 40; ++i)
@@ -399,12 +404,10 @@ private Q_SLOTS:
 
     void copiesOfElements()
     {
-        const SoMFTime other;
-        for (const QByteArray& type : fieldTypes()) {
-            const auto field = namedField(type);
-            if (!field->isOfType(SoMField::getClassTypeId()) || type == "MFTime")
-                continue;
-            auto* list = static_cast<SoMField*>(field.get());
+        for (const QByteArray& type : typesOf<SoMField>()) {
+            const auto field = namedField<SoMField>(type);
+            SoMField* list = field.get();
+            const auto other = newField<SoMField>(type == "MFTime" ? "MFFloat" : "MFTime");
             for (const int index : {1, 3})
                 QVERIFY(setElementFromText(list, index, sampleText(type).constData()));
             const auto before = copyElements(list, 0, 4);
@@ -421,7 +424,7 @@ private Q_SLOTS:
             QVERIFY(identicalElements(*list, 4, *copy, 1, 1) && identicalElements(*list, 5, *copy, 1, 1));
             swapElements(list, 0, 9);
             setElements(list, -1, copy.get());
-            setElements(list, 0, &other);
+            setElements(list, 0, other.get());
             QVERIFY(notifications.count == 3 && copyElements(list, 9, 1)->getNum() == 0);
             setElements(list, 2, list);
             QVERIFY(list->getNum() == 11 && identicalElements(*list, 2, *before, 0, 4));
@@ -430,21 +433,14 @@ private Q_SLOTS:
 
     void notificationAndConnection()
     {
-        auto* material = new SoMaterial;
-        material->ref();
-        SoMFColor& field = material->diffuseColor;
+        SoMFColor field;
         const Notifications notifications(field);
         QVERIFY(setFieldFromText(&field, "[ 1 0 0, 0 1 0, 0 0 1 ]"));
         QVERIFY(notifications.count == 1 && !field.isDefault());
-        QVERIFY(setFieldFromText(&field, "1 0 0"));
-        QVERIFY(setElementFromText(&field, 0, "0 0 1"));
-        QCOMPARE(notifications.count, 3);
-
         field.enableNotify(FALSE);
         field.setDefault(TRUE);
         QVERIFY(setFieldFromText(&field, "0 0 0"));
-        QVERIFY(notifications.count == 3 && !field.isNotifyEnabled() && !field.isDefault());
-        material->unref();
+        QVERIFY(notifications.count == 1 && !field.isNotifyEnabled() && !field.isDefault());
 
         SoSFFloat source;
         SoMFFloat slave;
@@ -460,7 +456,7 @@ private Q_SLOTS:
         auto* material = new SoMaterial;
         material->ref();
         material->setName("Gold");
-        ReadErrors errors;
+        PostedErrors<SoReadError> errors;
         QVERIFY(!setFieldFromText(&material->transparency, "ab\nc"));
         QVERIFY(!setElementFromText(&material->diffuseColor, 3, QByteArray(5000, '%').constData()));
         material->unref();

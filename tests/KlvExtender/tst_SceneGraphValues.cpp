@@ -1,5 +1,5 @@
+#include "CoinHelpers.h"
 #include "TestMain.h"
-#include "tst_SceneGraphSupport.h"
 
 #include "../../KlvExtender/src/SceneGraph/FieldBits.h"
 
@@ -12,31 +12,13 @@
 
 #include <Inventor/SoPath.h>
 #include <Inventor/errors/SoDebugError.h>
+#include <Inventor/errors/SoReadError.h>
 #include <Inventor/fields/SoFields.h>
 #include <Inventor/nodes/SoCube.h>
 
 #include <QRegularExpression>
 
 #include <limits>
-
-namespace {
-
-/// What the handler of a class gets to hear of a report.
-template <class Error>
-QByteArray posted(const char* text)
-{
-    QByteArray heard;
-    const auto hear = [](const SoError* error, void* heard) {
-        if (error->getTypeId() == Error::getClassTypeId() && error->isOfType(SoError::getClassTypeId()))
-            *static_cast<QByteArray*>(heard) += error->getDebugString().getString();
-    };
-    Error::setHandlerCallback(hear, &heard);
-    Error::post("[%s]", text);
-    Error::setHandlerCallback(nullptr, nullptr);
-    return heard;
-}
-
-} // namespace
 
 /// Comparing and copying fields, their elements, and the small types beside them.
 class tst_SceneGraphValues : public QObject
@@ -133,14 +115,10 @@ private Q_SLOTS:
         insertElements(&field, 0, -3);
         insertElements(nullptr, 0, 1);
 
-        int refusals = 0;
-        SoErrorCB* handler = SoDebugError::getHandlerCallback();
-        SoDebugError::setHandlerCallback([](const SoError*, void* count) { ++*static_cast<int*>(count); },
-                                         &refusals);
+        const PostedErrors<SoDebugError> refusals;
         insertElements(&field, std::numeric_limits<int>::max(), 1);
         insertElements(&field, 0, std::numeric_limits<int>::max());
-        SoDebugError::setHandlerCallback(handler, nullptr);
-        QCOMPARE(refusals, 2);
+        QCOMPARE(refusals.messages.size(), 2);
         QVERIFY(field.getNum() == 8 && notifications.count == 2);
     }
 
@@ -216,9 +194,14 @@ private Q_SLOTS:
     {
         QVERIFY(SoGLError::getHandlerCallback() == SoReadError::getHandlerCallback());
         QVERIFY(SoGLError::getClassTypeId() != SoErrorStack::getClassTypeId());
-        const QByteArray text(100000, '%');
-        QCOMPARE(posted<SoErrorStack>(text.constData()), "Coin error stack: [" + text + "]");
-        QCOMPARE(posted<SoGLError>(text.constData()), "OpenGL error: [" + text + "]");
+        QVERIFY(SoGLError::getClassTypeId().isDerivedFrom(SoError::getClassTypeId()));
+        const QString text(100000, '%');
+        const PostedErrors<SoErrorStack> stack;
+        const PostedErrors<SoGLError> openGl;
+        SoErrorStack::post("[%s]", qPrintable(text));
+        SoGLError::post("[%s]", qPrintable(text));
+        QCOMPARE(stack.messages, QStringList("Coin error stack: [" + text + "]"));
+        QCOMPARE(openGl.messages, QStringList("OpenGL error: [" + text + "]"));
     }
 };
 

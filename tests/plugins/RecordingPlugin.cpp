@@ -6,23 +6,12 @@
 #include <QVariant>
 
 #include <stdexcept>
-
-// One source, several modules: FAULT says what this one does wrong.
-enum class Fault
-{
-    None,
-    LoadPluginThrows,
-    LoadPluginGivesNull,
-    LoadThrows,
-    LoadThrowsInt,
-    ActivateThrows,
-    DeactivateThrows,
-    UnloadThrows
-};
+#include <string_view>
 
 namespace {
 
-constexpr Fault fault = Fault::FAULT;
+/// One source, several modules: what this one does wrong.
+constexpr std::string_view fault = FAULT;
 
 // The events of all modules in their order, where the test finds them after the module is gone.
 void record(const SbString& name, const char* event)
@@ -32,7 +21,7 @@ void record(const SbString& name, const char* event)
     qApp->setProperty("events", events);
 }
 
-void failAt(Fault here)
+void failAt(std::string_view here)
 {
     if (fault == here)
         throw std::runtime_error("this plug-in is broken");
@@ -45,30 +34,27 @@ public:
 
     void load() override
     {
-        record(m_name, "load");
-        failAt(Fault::LoadThrows);
-        if (fault == Fault::LoadThrowsInt)
+        note("load");
+        if (fault == "load a number")
             throw 42;
     }
-
     void activate() override
     {
         KlvExtension::activate();
-        record(m_name, "activate");
-        failAt(Fault::ActivateThrows);
+        note("activate");
     }
-
     void deactivate() override
     {
         KlvExtension::deactivate();
-        record(m_name, "deactivate");
-        failAt(Fault::DeactivateThrows);
+        note("deactivate");
     }
+    void unload() override { note("unload"); }
 
-    void unload() override
+private:
+    void note(const char* event) const
     {
-        record(m_name, "unload");
-        failAt(Fault::UnloadThrows);
+        record(m_name, event);
+        failAt(event);
     }
 };
 
@@ -98,8 +84,8 @@ KlvPlugin* g_plugin = nullptr;
 
 extern "C" Q_DECL_EXPORT KlvPlugin* loadPlugin()
 {
-    failAt(Fault::LoadPluginThrows);
-    return fault == Fault::LoadPluginGivesNull ? nullptr : g_plugin = new RecordingPlugin;
+    failAt("loadPlugin");
+    return fault == "null" ? nullptr : g_plugin = new RecordingPlugin;
 }
 
 extern "C" Q_DECL_EXPORT void unloadPlugin()

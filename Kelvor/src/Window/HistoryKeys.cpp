@@ -23,7 +23,11 @@ void HistoryKeys::commitPendingInput(const HostShell& shell)
         return;
     // Inputs commit when they lose the focus.
     input->clearFocus();
-    input->setFocus(Qt::OtherFocusReason);
+    // The editor of a table's cell is closed by that; the table takes its place.
+    while (input && !input->isVisible())
+        input = input->parentWidget();
+    if (input)
+        input->setFocus(Qt::OtherFocusReason);
 }
 
 bool HistoryKeys::eventFilter(QObject* watched, QEvent* event)

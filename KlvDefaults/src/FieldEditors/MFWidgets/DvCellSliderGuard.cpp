@@ -1,5 +1,6 @@
 #include "FieldEditors/MFWidgets/DvCellSliderGuard.h"
 
+#include "FieldEditors/DefaultField.h"
 #include "FieldEditors/DvSlider.h"
 #include "FieldEditors/MFWidgets/DvMFieldWidget.h"
 
@@ -9,6 +10,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 DvCellSliderGuard::DvCellSliderGuard(DvSlider* slider, DvMFieldWidget* owner, int row)
     : QObject(slider)
@@ -18,6 +20,7 @@ DvCellSliderGuard::DvCellSliderGuard(DvSlider* slider, DvMFieldWidget* owner, in
     , m_field(owner->getField())
     , m_element(copyElements(m_field, row, 1))
     , m_text(slider->getText())
+    , m_wasDefault(m_field && m_field->isDefault())
 {
     const auto parts = slider->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
     for (QWidget* part : parts)
@@ -26,12 +29,27 @@ DvCellSliderGuard::DvCellSliderGuard(DvSlider* slider, DvMFieldWidget* owner, in
 
 DvCellSliderGuard::~DvCellSliderGuard() = default;
 
+bool DvCellSliderGuard::handleKey(int key)
+{
+    if (key == Qt::Key_Escape)
+        revert();
+    const bool closes =
+        key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Tab || key == Qt::Key_Backtab;
+    return closes && m_slider->isEdited() && !m_slider->findChild<QLineEdit*>()->hasAcceptableInput();
+}
+
 void DvCellSliderGuard::revert()
 {
     const bool changed = m_slider->getText() != m_text;
     m_slider->updateEdit();
-    if (changed && m_element && m_owner->getField() == m_field && m_row < m_field->getNum())
-        setElements(m_field, m_row, m_element.get());
+    if (!changed || !m_element || m_owner->getField() != m_field || m_row >= m_field->getNum())
+        return;
+    setElements(m_field, m_row, m_element.get());
+    if (!m_wasDefault)
+        return;
+    const DefaultField defaultField(m_field);
+    if (defaultField.get() && m_field->isSame(*defaultField.get()))
+        m_field->setDefault(TRUE);
 }
 
 bool DvCellSliderGuard::eventFilter(QObject* watched, QEvent* event)

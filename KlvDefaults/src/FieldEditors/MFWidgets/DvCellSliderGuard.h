@@ -21,17 +21,22 @@ public:
     DvCellSliderGuard(DvSlider* slider, DvMFieldWidget* owner, int row);
     ~DvCellSliderGuard() override;
 
-    /// Drops what is entered, and puts the element back to the bit if the slider has changed it.
-    void revert();
+    /// What a key does in the frame as a whole; true when it shall do nothing else. Escape drops what is
+    /// entered and puts the element back to the bit if the slider has changed it; keys that would close the
+    /// frame do not while the text in it is no value.
+    bool handleKey(int key);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void revert();
+
     DvSlider* m_slider;
     DvMFieldWidget* m_owner;
     int m_row;
     SoMField* m_field;
     std::unique_ptr<SoMField> m_element;
     QString m_text;
+    bool m_wasDefault;
 };

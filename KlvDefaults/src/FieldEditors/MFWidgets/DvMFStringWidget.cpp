@@ -1,5 +1,6 @@
 #include "FieldEditors/MFWidgets/DvMFStringWidget.h"
 
+#include <KlvExtender/SceneGraph/SbStringText.h>
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
 
 #include <Inventor/fields/SoMFString.h>
@@ -11,6 +12,15 @@ DvMFStringWidget::DvMFStringWidget(const char* name)
 }
 
 DvMFStringWidget::~DvMFStringWidget() = default;
+
+QString DvMFStringWidget::getShownText(int row, int column) const
+{
+    constexpr int shownBytes = 4000;
+    if (!hasElement(row, column))
+        return QString();
+    const SbString& string = (*static_cast<SoMFString*>(m_field))[row];
+    return toUtf16(string.getLength() > shownBytes ? string.getSubString(0, shownBytes - 1) : string);
+}
 
 void DvMFStringWidget::swapRows(int row1, int row2)
 {

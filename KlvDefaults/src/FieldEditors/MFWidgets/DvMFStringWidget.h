@@ -12,6 +12,8 @@ public:
     /// `name` becomes the object name; null gives "DvMFStringWidget".
     explicit DvMFStringWidget(const char* name);
 
+    /// The beginning of the string, which is as much as a cell has room for.
+    QString getShownText(int row, int column) const override;
     /// Exchanges two elements with a command.
     void swapRows(int row1, int row2) override;
 

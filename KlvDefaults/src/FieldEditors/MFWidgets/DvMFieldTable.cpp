@@ -46,9 +46,21 @@ void DvMFieldTable::initClass()
     setAccessibleName(tr("Elements"));
     // One height for all rows, so that none of them has to be measured.
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+    fitRows();
     horizontalHeader()->setStretchLastSection(true);
     connect(this, SIGNAL(currentCellChanged(int, int, int, int)), this, SLOT(followCurrentRow(int)));
+}
+
+void DvMFieldTable::fitRows()
+{
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+}
+
+void DvMFieldTable::changeEvent(QEvent* event)
+{
+    QTableWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        fitRows();
 }
 
 void DvMFieldTable::setCellType(MFTableTypeCell type)
@@ -71,6 +83,11 @@ void DvMFieldTable::setBoundedValue(bool bounded)
     m_delegate->setBoundedValue(bounded);
 }
 
+QString DvMFieldTable::withinBounds(const QString& text) const
+{
+    return m_delegate->withinBounds(text);
+}
+
 void DvMFieldTable::setSingleColumn()
 {
     setColumnCount(1);
@@ -89,6 +106,9 @@ void DvMFieldTable::setNumRows(int count)
     setBoxRange(count > 0 ? 1 : 0, count);
     if (count == rowCount())
         return;
+    // What was entered for an element that is gone must not bring it back.
+    if (currentRow() >= count)
+        abandonEditor();
     setRowCount(count);
     followCurrentRow(currentRow());
 }
@@ -280,6 +300,24 @@ void DvMFieldTable::focusOutEvent(QFocusEvent* event)
     // The release of Shift would go elsewhere.
     setMultiRow(false);
     QTableWidget::focusOutEvent(event);
+}
+
+void DvMFieldTable::commitData(QWidget* editor)
+{
+    // Return is followed up when the event loop comes round, and the editor may have been closed by then.
+    if (editor && !editor->isHidden())
+        QTableWidget::commitData(editor);
+}
+
+void DvMFieldTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    if (!editor || editor->isHidden())
+        return;
+    // The base class only looks after an editor that has the focus itself, not in one of its parts.
+    const bool hadFocus = editor->isAncestorOf(QApplication::focusWidget());
+    QTableWidget::closeEditor(editor, hint);
+    if (hadFocus && !isEditing())
+        setFocus();
 }
 
 bool DvMFieldTable::isEditing() const

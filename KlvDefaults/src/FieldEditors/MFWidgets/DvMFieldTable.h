@@ -44,19 +44,25 @@ public:
     /// Has cells edited with a slider (of the range that was set) instead of a line edit.
     void setBoundedValue(bool bounded);
 
+    /// A value's text, brought into a range that is fixed; any other text as it is.
+    QString withinBounds(const QString& text) const;
+
     /// Makes it a table of one column, without rows.
     void setSingleColumn();
     /// Sets the number of rows and the range of the access box; a negative number changes nothing.
     void setNumRows(int count);
-    /// Closes a cell editor that is open and drops what was entered there.
+    /// Closes a cell editor that is open: the first writes what was entered there into the field, as far as
+    /// it can be, the second drops it.
+    void commitEditor();
     void abandonEditor();
 
     /// Copies the selected rows, or the current one, to the clipboard: a line for each row, tabs between
     /// columns.
     void copyRows();
     /// Writes the clipboard's text into the elements from the first selected row or the current one on, as if
-    /// it was typed; tabs and line breaks separate cells. One value fills the selection; elements that are
-    /// missing at the end are added. All of it is one step of the history, if the editor records edits.
+    /// it was typed: values outside a fixed range are brought into it. Tabs and line breaks separate cells.
+    /// One value fills the selection; elements that are missing at the end are added. All of it is one step
+    /// of the history, if the editor records edits.
     void pasteRows();
 
 public Q_SLOTS:
@@ -81,6 +87,9 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void commitData(QWidget* editor) override;
+    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private Q_SLOTS:
     void followCurrentRow(int row);
@@ -93,11 +102,11 @@ private:
     };
 
     void initClass();
+    void fitRows();
     void showInBox(int row);
     void setBoxRange(int minimum, int maximum);
     void setMultiRow(bool on);
     bool isEditing() const;
-    void commitEditor();
     Rows rowsInUse() const;
     void deleteRows(Rows rows);
     void moveRow(int row, int target);

@@ -8,8 +8,11 @@
 #include "FieldEditors/MFWidgets/DvMFieldWidget.h"
 #include "FieldEditors/SFWidgets/DvLineEdit.h"
 
+#include <Inventor/fields/SoMField.h>
+
 #include <QAbstractItemView>
 #include <QKeyEvent>
+#include <QLocale>
 #include <QPainter>
 #include <QPointer>
 
@@ -104,6 +107,17 @@ void DvMFieldTableItemDelegate::setDoubleEditorRange(double min, double max)
     m_doubleMax = max;
 }
 
+QString DvMFieldTableItemDelegate::withinBounds(const QString& text) const
+{
+    bool isNumber = false;
+    const double value = text.toDouble(&isNumber);
+    const bool real = m_cellType == DvMFieldTable::FloatCell || m_cellType == DvMFieldTable::DoubleCell;
+    if (!m_bounded || !real || !isNumber || !(m_doubleMin < m_doubleMax))
+        return text;
+    const double bounded = std::clamp(value, m_doubleMin, m_doubleMax);
+    return bounded == value ? text : QString::number(bounded, 'g', QLocale::FloatingPointShortest);
+}
+
 void DvMFieldTableItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                                       const QModelIndex& index) const
 {
@@ -158,14 +172,19 @@ void DvMFieldTableItemDelegate::setEditorData(QWidget*, const QModelIndex&) cons
 void DvMFieldTableItemDelegate::setModelData(QWidget* editor, QAbstractItemModel*,
                                              const QModelIndex& index) const
 {
+    const SoMField* field = m_owner->getField();
+    const bool exists = field && index.row() < field->getNum();
     if (auto* slider = qobject_cast<DvSlider*>(editor)) {
-        slider->changeValueFromEdit();
+        if (exists && slider->findChild<QLineEdit*>()->hasAcceptableInput())
+            slider->changeValueFromEdit();
+        else
+            slider->updateEdit();
         return;
     }
     const auto* edit = qobject_cast<QLineEdit*>(editor);
     const bool entered =
         edit && (edit->isModified() || edit->text() != edit->property(OpenedWith).toString());
-    if (entered && isCommittable(edit))
+    if (entered && exists && isCommittable(edit))
         m_owner->set1Value(index.row(), index.column(), edit->text());
 }
 
@@ -176,11 +195,9 @@ void DvMFieldTableItemDelegate::setValidator(QLineEdit* edit) const
 
 bool DvMFieldTableItemDelegate::eventFilter(QObject* watched, QEvent* event)
 {
-    const bool isKey = event->type() == QEvent::KeyPress;
-    if (isKey && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        if (auto* guard = watched->findChild<DvCellSliderGuard*>())
-            guard->revert();
-    }
+    auto* guard = event->type() == QEvent::KeyPress ? watched->findChild<DvCellSliderGuard*>() : nullptr;
+    if (guard && guard->handleKey(static_cast<QKeyEvent*>(event)->key()))
+        return true;
     const QPointer<QLineEdit> edit = qobject_cast<QLineEdit*>(watched);
     if (!edit || edit->hasAcceptableInput() || !isDone(edit))
         return QItemDelegate::eventFilter(watched, event);

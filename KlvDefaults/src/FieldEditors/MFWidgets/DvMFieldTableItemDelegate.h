@@ -24,6 +24,9 @@ public:
     void setDoubleEditorRange(double min, double max);
     void setBoundedValue(bool bounded) { m_bounded = bounded; }
 
+    /// A value's text, brought into the range as a slider does with what is typed.
+    QString withinBounds(const QString& text) const;
+
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,

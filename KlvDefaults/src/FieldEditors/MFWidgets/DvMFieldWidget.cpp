@@ -69,7 +69,11 @@ DvMFieldWidget::DvMFieldWidget(int tableType, const char* name)
     m_table = tableType == colorTable ? new DvMFColorTable(this, getWidgetContainer(), "m_table")
                                       : new DvMFieldTable(this, getWidgetContainer(), "m_table");
     // A window that shows the container takes it along when it goes first.
-    connect(m_table, &QObject::destroyed, this, [this] { m_table = nullptr; });
+    connect(m_table, &QObject::destroyed, this, [this] {
+        m_table = nullptr;
+        m_accessBox = nullptr;
+        m_labelNumElement = nullptr;
+    });
     m_copyAction = addTableAction(m_table, QKeySequence::Copy, &DvMFieldTable::copyRows);
     m_pasteAction = addTableAction(m_table, QKeySequence::Paste, &DvMFieldTable::pasteRows);
 }
@@ -272,6 +276,7 @@ void DvMFieldWidget::ignoreButtonStateChanged()
     if (!m_field)
         return;
     const bool ignored = m_ignoreButton->isChecked();
+    m_table->commitEditor();
     const KlvEditScope scope(m_field, 0, 0);
     m_field->setIgnored(ignored);
     KlvServices::getInstance()->pushCommand(new KlvFieldIgnoredCommand(m_field, ignored));
@@ -279,6 +284,9 @@ void DvMFieldWidget::ignoreButtonStateChanged()
 
 void DvMFieldWidget::setDefaultFieldValue()
 {
+    if (!m_field)
+        return;
+    m_table->commitEditor();
     const KlvEditScope scope(m_field);
     resetToDefault(m_field);
 }

@@ -9,11 +9,11 @@ DvOpenIntValidator::DvOpenIntValidator(QObject* parent)
 
 bool DvOpenIntValidator::isComplete(const QString& text)
 {
-    static const QRegularExpression integer(QStringLiteral("^[-+]?([0-9]+|(0[xX])[0-9a-fA-F]+)$"));
-    const QRegularExpressionMatch match = integer.match(text);
+    // With the bases that the scene graph's text form has: "0x1f" is hexadecimal, "017" octal.
+    static const QRegularExpression integer(QStringLiteral("^[-+]?(0[xX][0-9a-fA-F]+|[0-9]+)$"));
     bool fits = false;
-    text.toInt(&fits, match.capturedLength(2) > 0 ? 16 : 10);
-    return match.hasMatch() && fits;
+    text.toInt(&fits, 0);
+    return fits && integer.match(text).hasMatch();
 }
 
 QValidator::State DvOpenIntValidator::validate(QString& text, int&) const

@@ -4,22 +4,22 @@
 #include <QList>
 #include <QStringList>
 
+class DvMFieldTable;
 class DvMFieldWidget;
-class QTableWidget;
 
 /// Carries the texts of an element table to the clipboard and back, as spreadsheets do: a line for each row,
 /// tabs between columns.
 ///
-/// A cell whose text has line breaks or tabs itself stands in double quotes, with those inside doubled. All
-/// other texts stand as they are, whatever quotes they have. Long work shows its progress and can be
-/// cancelled, which leaves what is done.
+/// A cell whose text has line breaks or tabs itself, or begins with a double quote, stands in double quotes,
+/// with those inside doubled. Quotes that have neither of these inside are taken for part of the text. Long
+/// work shows its progress and can be cancelled, which leaves what is done.
 class DvTableClipboard
 {
     Q_DECLARE_TR_FUNCTIONS(DvTableClipboard)
 
 public:
     /// Works for one operation on the table of `owner`.
-    DvTableClipboard(DvMFieldWidget* owner, QTableWidget* table);
+    DvTableClipboard(DvMFieldWidget* owner, DvMFieldTable* table);
 
     /// Copies `count` rows from `first` on; without any the clipboard stays as it is.
     void copy(int first, int count) const;
@@ -36,5 +36,5 @@ private:
     bool forEach(int count, const QString& label, Work work) const;
 
     DvMFieldWidget* m_owner;
-    QTableWidget* m_table;
+    DvMFieldTable* m_table;
 };
