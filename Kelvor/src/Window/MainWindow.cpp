@@ -12,6 +12,8 @@
 #include "Scene/SceneDocument.h"
 #include "View/SceneView.h"
 
+#include <KlvExtender/KlvEditor.h>
+#include <KlvExtender/KlvPluginsManager.h>
 #include <KlvExtender/KlvServices.h>
 
 #include <QApplication>
@@ -103,11 +105,13 @@ void MainWindow::createDocks()
     resizeDocks({tree, history}, {500, 160}, Qt::Vertical);
 
     // Return in the field list goes on to the first input of the editor that shows the field.
-    connect(m_fieldPanel, &FieldListPanel::fieldActivated, this, [this] {
-        for (QDockWidget* dock : findChildren<QDockWidget*>()) {
-            if (!dock->isVisible() || !dock->widget() || !m_shell.isInExtensionDock(dock->widget()))
+    connect(m_fieldPanel, &FieldListPanel::fieldActivated, this, [] {
+        const SoField* field = KlvServices::getInstance()->getSelectedField();
+        for (KlvExtension* extension : KlvPluginsManager::getInstance()->getExtensions()) {
+            const auto* editor = qobject_cast<KlvEditor*>(extension);
+            if (!field || !editor || !editor->isActive() || editor->getEditedObject().toField() != field)
                 continue;
-            for (QWidget* input : dock->widget()->findChildren<QWidget*>()) {
+            for (QWidget* input : editor->getWidget()->findChildren<QWidget*>()) {
                 if (input->isVisible() && input->isEnabled() && (input->focusPolicy() & Qt::TabFocus)) {
                     input->setFocus(Qt::TabFocusReason);
                     return;
