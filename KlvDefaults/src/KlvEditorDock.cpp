@@ -1,5 +1,6 @@
 #include "KlvEditorDock.h"
 
+#include <KlvExtender/KlvGuarded.h>
 #include <KlvExtender/KlvProfileSetting.h>
 #include <KlvExtender/KlvServices.h>
 #include <KlvExtender/KlvShell.h>
@@ -73,10 +74,17 @@ void KlvEditorDock::showEditorFor(SoTypedObject object)
     KlvEditor* editor = findEditor(object.getTypeId());
     if (!editor)
         return;
-    editor->setEditedObject(object);
-    m_dock->setWidget(editor->getWidget());
-    editor->activate();
     m_editor = editor;
+    // The editor may be another plug-in's.
+    const bool activated = guarded([&] {
+        editor->setEditedObject(object);
+        m_dock->setWidget(editor->getWidget());
+        editor->activate();
+    });
+    if (!activated) {
+        releaseEditor();
+        return;
+    }
     connect(editor, &KlvEditor::editedObjectLost, this, &KlvEditorDock::releaseEditor);
     show();
 }
@@ -102,8 +110,8 @@ void KlvEditorDock::releaseEditor()
     if (!m_editor)
         return;
     disconnect(m_editor, &KlvEditor::editedObjectLost, this, nullptr);
-    m_editor->deactivate();
-    m_editor->setEditedObject(nullptr);
+    guarded([this] { m_editor->deactivate(); });
+    guarded([this] { m_editor->setEditedObject(nullptr); });
     if (m_dock)
         m_dock->setWidget(nullptr);
     if (QWidget* widget = m_editor->getWidget())

@@ -1,9 +1,9 @@
 #include "History.h"
 
-#include "Guarded.h"
 #include "SelectedFieldCopy.h"
 
 #include <KlvExtender/KlvCommand.h>
+#include <KlvExtender/KlvGuarded.h>
 
 #include <Inventor/fields/SoFieldContainer.h>
 #include <Inventor/fields/SoMField.h>

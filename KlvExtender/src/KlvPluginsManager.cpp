@@ -1,9 +1,9 @@
 #include <KlvExtender/KlvPluginsManager.h>
 
-#include "Guarded.h"
 #include "PluginModule.h"
 
 #include <KlvExtender/KlvEditor.h>
+#include <KlvExtender/KlvGuarded.h>
 #include <KlvExtender/KlvProfile.h>
 #include <KlvExtender/KlvServices.h>
 
