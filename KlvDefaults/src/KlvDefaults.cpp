@@ -13,6 +13,8 @@ void KlvDefaults::load()
     // One a line, so that a new editor is a new line.
     // clang-format off
     KlvExtension* const extensions[] = {
+        &m_profileSelectorExtension,
+        &m_console,
         &m_mfDefaultFieldWidget,
         &m_mfDoubleWidget,
         &m_mfFloatWidget,
@@ -41,6 +43,7 @@ void KlvDefaults::load()
         &m_sfVec3fWidget,
         &m_sfVec4fWidget,
         &m_fieldEditorDockWin,
+        &m_nodeEditor,
     };
     // clang-format on
     for (KlvExtension* extension : extensions)

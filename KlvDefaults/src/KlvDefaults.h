@@ -27,7 +27,10 @@
 #include "FieldEditors/SFWidgets/DvSFVec2sWidget.h"
 #include "FieldEditors/SFWidgets/DvSFVec3fWidget.h"
 #include "FieldEditors/SFWidgets/DvSFVec4fWidget.h"
+#include "KlvConsole.h"
 #include "KlvFieldEditorDockWin.h"
+#include "KlvNodeEditor.h"
+#include "KlvProfileSelectorExtension.h"
 
 #include <KlvExtender/KlvPlugin.h>
 
@@ -42,6 +45,8 @@ public:
     void load() override;
 
 private:
+    KlvProfileSelectorExtension m_profileSelectorExtension;
+    KlvConsole m_console;
     DvMFDefaultFieldWidget m_mfDefaultFieldWidget{nullptr};
     DvMFDoubleWidget m_mfDoubleWidget{nullptr};
     DvMFFloatWidget m_mfFloatWidget{nullptr};
@@ -70,4 +75,5 @@ private:
     DvSFVec3fWidget m_sfVec3fWidget{nullptr};
     DvSFVec4fWidget m_sfVec4fWidget{nullptr};
     KlvFieldEditorDockWin m_fieldEditorDockWin;
+    KlvNodeEditor m_nodeEditor;
 };

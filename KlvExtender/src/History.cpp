@@ -1,9 +1,9 @@
 #include "History.h"
 
-#include "Guarded.h"
 #include "SelectedFieldCopy.h"
 
 #include <KlvExtender/KlvCommand.h>
+#include <KlvExtender/KlvGuarded.h>
 
 #include <Inventor/fields/SoFieldContainer.h>
 #include <Inventor/fields/SoMField.h>
@@ -165,6 +165,9 @@ bool History::eventFilter(QObject* watched, QEvent* event)
 
 void History::keepWithinBudget()
 {
-    for (int i = 0; i < m_stack.count() && FieldSnapshot::totalBytes() > m_budget; ++i)
-        const_cast<HistoryStep*>(static_cast<const HistoryStep*>(m_stack.command(i)))->dropCopies();
+    for (int i = 0; i < m_stack.count() && FieldSnapshot::totalBytes() > m_budget; ++i) {
+        // Plug-ins may have pushed commands of their own, macros for example.
+        if (const auto* step = dynamic_cast<const HistoryStep*>(m_stack.command(i)))
+            const_cast<HistoryStep*>(step)->dropCopies();
+    }
 }

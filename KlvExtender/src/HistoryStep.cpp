@@ -1,8 +1,7 @@
 #include "HistoryStep.h"
 
-#include "Guarded.h"
-
 #include <KlvExtender/KlvCommand.h>
+#include <KlvExtender/KlvGuarded.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoField.h>

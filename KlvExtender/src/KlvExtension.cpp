@@ -3,33 +3,41 @@
 #include <KlvExtender/KlvPluginsManager.h>
 #include <KlvExtender/KlvProfile.h>
 
+#include <utility>
+
 KlvExtension::KlvExtension() = default;
 
 KlvExtension::~KlvExtension() = default;
 
 void KlvExtension::activate()
 {
-    m_active = true;
+    setState(&KlvExtension::m_active, true);
 }
 
 void KlvExtension::deactivate()
 {
-    m_active = false;
+    setState(&KlvExtension::m_active, false);
 }
 
 void KlvExtension::hide()
 {
-    m_visible = false;
+    setState(&KlvExtension::m_visible, false);
 }
 
 void KlvExtension::load() {}
 
 void KlvExtension::show()
 {
-    m_visible = true;
+    setState(&KlvExtension::m_visible, true);
 }
 
 void KlvExtension::unload() {}
+
+void KlvExtension::setState(bool KlvExtension::*state, bool value)
+{
+    if (std::exchange(this->*state, value) != value)
+        Q_EMIT stateChanged();
+}
 
 KlvProfileSetting* KlvExtension::getProfileSetting() const
 {

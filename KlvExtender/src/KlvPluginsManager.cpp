@@ -1,9 +1,9 @@
 #include <KlvExtender/KlvPluginsManager.h>
 
-#include "Guarded.h"
 #include "PluginModule.h"
 
 #include <KlvExtender/KlvEditor.h>
+#include <KlvExtender/KlvGuarded.h>
 #include <KlvExtender/KlvProfile.h>
 #include <KlvExtender/KlvServices.h>
 
@@ -89,7 +89,9 @@ KlvPlugin* KlvPluginsManager::loadPlugin(const QString& file, QString* error)
     if (!module)
         return nullptr;
     d->extensions.append(module->extensions());
-    return d->modules.emplace_back(std::move(module))->plugin();
+    KlvPlugin* plugin = d->modules.emplace_back(std::move(module))->plugin();
+    Q_EMIT pluginsChanged();
+    return plugin;
 }
 
 void KlvPluginsManager::unloadPlugin(KlvPlugin* plugin)
@@ -111,8 +113,10 @@ void KlvPluginsManager::unloadPlugin(KlvPlugin* plugin)
             profile->forgetExtension(extension);
     }
     // Taken out first: what the destructor calls finds a manager that no longer knows the plug-in.
-    const std::unique_ptr<PluginModule> last = std::move(*module);
+    std::unique_ptr<PluginModule> last = std::move(*module);
     d->modules.erase(module);
+    last.reset();
+    Q_EMIT pluginsChanged();
 }
 
 QList<KlvPlugin*> KlvPluginsManager::getPlugins() const
@@ -175,6 +179,14 @@ void KlvPluginsManager::addProfile(KlvProfile* profile)
     if (!profile || d->profiles.contains(profile))
         return;
     d->profiles.append(profile);
+    Q_EMIT profilesChanged();
+}
+
+void KlvPluginsManager::renameProfile(KlvProfile* profile, const SbString& name)
+{
+    if (!d->profiles.contains(profile) || profile->m_name == name)
+        return;
+    profile->m_name = name;
     Q_EMIT profilesChanged();
 }
 

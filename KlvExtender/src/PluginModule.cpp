@@ -1,6 +1,6 @@
 #include "PluginModule.h"
 
-#include "Guarded.h"
+#include <KlvExtender/KlvGuarded.h>
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,3 +1,4 @@
+#include "Answer.h"
 #include "TestMain.h"
 
 #include "Scene/SceneDocument.h"
@@ -14,37 +15,9 @@
 
 #include <QDockWidget>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QMimeData>
-#include <QPushButton>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <QUndoStack>
-
-namespace {
-
-/// Answers the next message box with a button and keeps its text.
-class Answer
-{
-public:
-    explicit Answer(QMessageBox::StandardButton button)
-    {
-        m_timer.callOnTimeout([this, button] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                text = box->text();
-                m_timer.stop();
-                box->button(button)->click();
-            }
-        });
-        m_timer.start(5);
-    }
-    QString text;
-
-private:
-    QTimer m_timer;
-};
-
-} // namespace
 
 class tst_MainWindow : public QObject
 {

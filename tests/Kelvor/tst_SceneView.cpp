@@ -4,9 +4,15 @@
 #include "TestMain.h"
 #include "View/SceneView.h"
 
+#include <KlvExtender/SceneGraph/SoGLError.h>
+
+#include <Inventor/actions/SoGLRenderAction.h>
+#include <Inventor/nodes/SoCallback.h>
+#include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTranslation.h>
 
 #include <QAction>
+#include <QOpenGLFunctions>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QWheelEvent>
@@ -65,6 +71,27 @@ private Q_SLOTS:
         m_view.reset();
         QCOMPARE(m_root->getRefCount(), 1);
         m_root->unref();
+    }
+
+    void reportsWhatOpenGlFindsWrong()
+    {
+        static QStringList reports;
+        SoErrorCB* const before = SoGLError::getHandlerCallback();
+        SoGLError::setHandlerCallback(
+            [](const SoError* error, void*) { reports += error->getDebugString().getString(); }, nullptr);
+        show(redCube);
+        auto* const callback = new SoCallback;
+        callback->setCallback([](void*, SoAction* action) {
+            if (action->isOfType(SoGLRenderAction::getClassTypeId()))
+                glEnable(GL_PROJECTION);
+        });
+        m_root->addChild(callback);
+        picture();
+        callback->touch();
+        picture();
+        SoGLError::setHandlerCallback(before, nullptr);
+        QCOMPARE(reports.size(), 1);
+        QVERIFY2(reports[0].contains(QStringLiteral("glEnable")), qPrintable(reports[0]));
     }
 
     void drawsWhatIsInFront()

@@ -1,5 +1,7 @@
-// The plug-in module in the plug-ins manager, and the field editor dock in a window.
+// The plug-in module in the plug-ins manager: its docks and its tool bar in a window, alone and beside
+// another plug-in.
 
+#include "RecordingShell.h"
 #include "TestMain.h"
 
 #include <KlvExtender/KlvEditor.h>
@@ -8,55 +10,29 @@
 #include <KlvExtender/KlvProfile.h>
 #include <KlvExtender/KlvProfileSetting.h>
 #include <KlvExtender/KlvServices.h>
-#include <KlvExtender/KlvShell.h>
 
-#include <Inventor/fields/SoSFString.h>
+#include <Inventor/SoDB.h>
 #include <Inventor/fields/SoSFTime.h>
 #include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoFile.h>
+#include <Inventor/nodes/SoTransform.h>
+#include <Inventor/sensors/SoSensorManager.h>
 
+#include <QComboBox>
 #include <QDockWidget>
+#include <QDoubleSpinBox>
 #include <QLibrary>
-#include <QMainWindow>
+#include <QToolBar>
+#include <QUndoStack>
 
 namespace {
 
-/// A host window that really places docks, and notes what extensions ask of it.
-class RecordingShell : public KlvShell
+class OtherEditor : public KlvEditor
 {
 public:
-    void addDockWidget(QDockWidget* dock, Qt::DockWidgetArea area) override
+    explicit OtherEditor(SoType type)
     {
-        calls += QString("addDockWidget %1 %2").arg(dock->windowTitle()).arg(area);
-        window.addDockWidget(area, dock);
-    }
-    void removeDockWidget(QDockWidget* dock) override
-    {
-        calls += QString("removeDockWidget ") + dock->windowTitle();
-        window.removeDockWidget(dock);
-        dock->setParent(nullptr);
-    }
-    void addToolBar(QToolBar*) override { calls += QString("addToolBar"); }
-    void removeToolBar(QToolBar*) override { calls += QString("removeToolBar"); }
-    void extensionActivated(KlvExtension* extension, int state) override
-    {
-        calls += QString("extensionActivated %1 %2").arg(extension->getName().getString()).arg(state);
-    }
-    void extensionDeactivated(KlvExtension* extension) override
-    {
-        calls += QString("extensionDeactivated ") + extension->getName().getString();
-    }
-
-    QMainWindow window;
-    QStringList calls;
-};
-
-class OtherStringEditor : public KlvEditor
-{
-public:
-    OtherStringEditor()
-    {
-        m_handledType = SoSFString::getClassTypeId();
+        m_handledType = type;
         m_widget = &m_frame;
     }
 
@@ -64,92 +40,241 @@ private:
     QWidget m_frame;
 };
 
+QString className(const QObject* object)
+{
+    return QString::fromUtf8(object->metaObject()->className());
+}
+
 } // namespace
 
 class tst_KlvDefaults : public QObject
 {
     Q_OBJECT
 
+public:
+    tst_KlvDefaults() { m_file->ref(); }
+    ~tst_KlvDefaults() override { m_file->unref(); }
+
 private Q_SLOTS:
-    void init() { QTest::failOnWarning(unexpectedWarnings()); }
-
-    void lifeCycle()
+    void init()
     {
-        RecordingShell shell;
-        shell.window.show();
-        KlvPluginsManager* manager = KlvPluginsManager::getInstance();
-        KlvServices* services = KlvServices::getInstance();
-        KlvPlugin* plugin = manager->loadPlugin(QString(KELVOR_PLUGIN_FILE));
-        QVERIFY(plugin);
-        auto* profile = new KlvProfile("Test");
-        KlvProfileSetting* setting = profile->addSetting(plugin->getExtensions().last());
+        QTest::failOnWarning(unexpectedWarnings());
+        m_shell = std::make_unique<RecordingShell>();
+        m_shell->window().show();
+        m_plugin = m_manager->loadPlugin(QStringLiteral(KELVOR_PLUGIN_FILE));
+        QVERIFY(m_plugin);
+    }
+
+    void cleanup()
+    {
+        for (KlvPlugin* plugin : m_manager->getPlugins())
+            m_manager->unloadPlugin(plugin);
+        while (!m_manager->getProfilesList().isEmpty())
+            m_manager->removeProfile(m_manager->getProfilesList().last());
+        m_shell.reset();
+    }
+
+    void extensionsInOrder()
+    {
+        const char* const expected =
+            "KlvProfileSelectorExtension KlvConsole DvMFDefaultFieldWidget DvMFDoubleWidget "
+            "DvMFFloatWidget DvMFInt32Widget DvMFShortWidget DvMFStringWidget DvMFUInt32Widget "
+            "DvMFUShortWidget DvSFBitMaskWidget DvSFBoolWidget DvSFEnumWidget DvSFDoubleWidget "
+            "DvSFFloatWidget DvSFInt32Widget DvSFLineWidget DvSFNameWidget DvSFPlaneWidget "
+            "DvSFRotationWidget DvSFShortWidget DvSFStringWidget DvSFUInt32Widget DvSFUShortWidget "
+            "DvSFVec2fWidget DvSFVec2i32Widget DvSFVec2sWidget DvSFVec3fWidget DvSFVec4fWidget "
+            "KlvFieldEditorDockWin KlvNodeEditor";
         QStringList classes;
-        for (KlvExtension* extension : plugin->getExtensions()) {
-            classes += QString::fromUtf8(extension->metaObject()->className());
-            setting->addControlledExtension(extension);
+        for (const KlvExtension* one : m_plugin->getExtensions())
+            classes += className(one);
+        QCOMPARE(classes.join(' '), QLatin1String(expected));
+    }
+
+    void docks_data()
+    {
+        QTest::addColumn<bool>("ofNodes");
+        QTest::newRow("field") << false;
+        QTest::newRow("node") << true;
+    }
+    void docks()
+    {
+        QFETCH(bool, ofNodes);
+        const QString name(ofNodes ? "KlvNodeEditor" : "KlvFieldEditorDockWin");
+        const QString title(ofNodes ? "Node Editor" : "Field Editor");
+        SoTypedObject object(m_file);
+        SoTypedObject other(&m_file->name);
+        if (!ofNodes)
+            std::swap(object, other);
+        KlvProfileSetting* setting = addProfile("Test", name);
+        m_manager->setActiveProfile(m_manager->getProfilesList().first());
+        QCOMPARE(m_shell->takeCalls().join(','),
+                 QStringLiteral("addDockWidget %1 2,extensionActivated %1 1").arg(title));
+        const QPointer<QDockWidget> dock = m_shell->window().findChild<QDockWidget*>(name);
+        QVERIFY(dock && dock->windowTitle() == title && dock->isHidden() && !dock->acceptDrops());
+        m_services->setSelectedField(&m_file->name);
+        QVERIFY(dock->isHidden());
+
+        // The most specific of the controlled editors is chosen, the last one of equals.
+        OtherEditor first(object.getTypeId());
+        OtherEditor last(object.getTypeId());
+        OtherEditor general(object.getTypeId().getParent());
+        OtherEditor foreign(other.getTypeId());
+        for (OtherEditor* editor : {&first, &general, &last, &foreign})
+            setting->addControlledExtension(editor);
+        for (OtherEditor* editor : {&last, &first, &general}) {
+            m_services->announceSelection();
+            QVERIFY(dock->isVisible() && dock->widget() == editor->getWidget());
+            QVERIFY(editor->isActive() && editor->getEditedObject() == object);
+            setting->removeControlledExtension(editor);
+            Q_EMIT editor->editedObjectLost();
+            QVERIFY(dock->isHidden() && !dock->widget() && !editor->getWidget()->parent());
+            QVERIFY(!editor->isActive() && editor->getEditedObject().isNull());
         }
-        QCOMPARE(classes.join(' '),
-                 QString("DvMFDefaultFieldWidget DvMFDoubleWidget DvMFFloatWidget DvMFInt32Widget "
-                         "DvMFShortWidget DvMFStringWidget DvMFUInt32Widget DvMFUShortWidget "
-                         "DvSFBitMaskWidget DvSFBoolWidget DvSFEnumWidget DvSFDoubleWidget DvSFFloatWidget "
-                         "DvSFInt32Widget DvSFLineWidget DvSFNameWidget DvSFPlaneWidget DvSFRotationWidget "
-                         "DvSFShortWidget DvSFStringWidget DvSFUInt32Widget DvSFUShortWidget "
-                         "DvSFVec2fWidget DvSFVec2i32Widget DvSFVec2sWidget DvSFVec3fWidget "
-                         "DvSFVec4fWidget KlvFieldEditorDockWin"));
-        manager->addProfile(profile);
-        manager->setActiveProfile(profile);
-        QCOMPARE(std::exchange(shell.calls, {}),
-                 QStringList({"addDockWidget Field Editor 2", "extensionActivated Field Editor 1"}));
-        auto* dock = shell.window.findChild<QDockWidget*>();
-        QVERIFY(dock && dock->isHidden());
+        setting->addControlledExtension(&first);
+        m_services->announceSelection();
+        QVERIFY(first.isActive());
+        m_services->setSelectedNode(nullptr);
+        QVERIFY(dock->isHidden() && !first.isActive());
+        m_services->setSelectedField(&m_file->name);
+        m_manager->setActiveProfile(nullptr);
+        QVERIFY(dock->isHidden() && !first.isActive());
+        QCOMPARE(m_shell->takeCalls().join(','),
+                 QStringLiteral("removeDockWidget %1,extensionDeactivated %1").arg(title));
+        m_manager->unloadPlugin(m_plugin);
+        QVERIFY(!dock);
+    }
 
-        const auto shown = [&](SoField* field) {
-            services->setSelectedField(field);
-            for (KlvExtension* extension : setting->getControlledExtensions()) {
-                auto* editor = dynamic_cast<KlvEditor*>(extension);
-                if (editor && dock->isVisible() && dock->widget() == editor->getWidget() &&
-                    editor->isActive())
-                    return QString::fromUtf8(extension->metaObject()->className());
-            }
-            return dock->isHidden() && !dock->widget() ? QString() : QString("a dock without an editor");
-        };
-        auto* file = new SoFile;
-        file->ref();
+    void ownEditors()
+    {
+        const QDockWidget* dock = activateDock("KlvFieldEditorDockWin");
         SoSFTime time;
-        QCOMPARE(shown(&file->name), QString("DvSFStringWidget"));
-        QCOMPARE(shown(&time), QString("DvSFLineWidget"));
-        QCOMPARE(shown(&(new SoCoordinate3)->point), QString("DvMFDefaultFieldWidget"));
-        // Among equally specific editors the last one is chosen; one that is not controlled never is.
-        OtherStringEditor other;
-        setting->addControlledExtension(&other);
-        QCOMPARE(shown(&file->name), QString("KlvEditor"));
-        setting->removeControlledExtension(&other);
-        setting->removeControlledExtension(
-            plugin->getExtensions()[classes.indexOf(QString("DvSFStringWidget"))]);
-        QCOMPARE(shown(nullptr), QString());
-        QCOMPARE(shown(&file->name), QString("DvSFLineWidget"));
+        for (const auto& [field, editor] :
+             {std::pair<SoField*, const char*>{&m_file->name, "DvSFStringWidget"},
+              {&time, "DvSFLineWidget"},
+              {&(new SoCoordinate3)->point, "DvMFDefaultFieldWidget"}}) {
+            m_services->setSelectedField(field);
+            QCOMPARE(dock->widget(), qobject_cast<KlvEditor*>(extension(editor))->getWidget());
+        }
+    }
 
-        // A field that nobody holds goes while it is shown.
-        auto* doomed = new SoFile;
+    void profileSelector()
+    {
+        const QString selector = QStringLiteral("KlvProfileSelectorExtension");
+        for (const char* name : {"A", "Größe €", "C"})
+            addProfile(name, selector);
+        addProfile("Without", QString());
+        const QList<KlvProfile*> profiles = m_manager->getProfilesList();
+        const QStringList names{"A", "Größe ?", "C", "Without"};
+        m_manager->setActiveProfile(profiles[1]);
+        QCOMPARE(m_shell->takeCalls().join(','),
+                 QStringLiteral("addToolBar Profile Selector,extensionActivated Profile Selector 1"));
+        const QPointer<QToolBar> toolBar = m_shell->window().findChild<QToolBar*>(selector);
+        QVERIFY(toolBar && toolBar->isVisible() && extension(selector)->isVisible());
+        auto* box = toolBar->findChild<QComboBox*>();
+        const auto entries = [box] {
+            QStringList texts;
+            for (int i = 0; i < box->count(); ++i)
+                texts += box->itemText(i);
+            return texts;
+        };
+        QCOMPARE(entries(), names);
+        QCOMPARE(box->currentIndex(), 1);
+        QCOMPARE(m_manager->getActiveProfile(), profiles[1]);
+
+        // Each choice lists what was passed once more; what lies beyond the profiles chooses none.
+        QTest::keyClick(box, Qt::Key_Down);
+        QCOMPARE(m_manager->getActiveProfile(), profiles[2]);
+        QCOMPARE(entries(), names + names.first(3));
+        for (int index : {4, -1})
+            box->setCurrentIndex(index);
+        QCOMPARE(m_manager->getActiveProfile(), profiles[2]);
+        QCOMPARE(entries(), names + names.first(3) + names + names);
+
+        // The selector goes while its own signal is delivered, and starts anew.
+        box->setCurrentIndex(3);
+        QCOMPARE(m_shell->takeCalls().join(','),
+                 QStringLiteral("removeToolBar Profile Selector,extensionDeactivated Profile Selector"));
+        box->setCurrentIndex(0);
+        QCOMPARE(m_manager->getActiveProfile(), profiles[3]);
+        m_manager->removeProfile(profiles[1]);
+        m_manager->setActiveProfile(profiles[0]);
+        QCOMPARE(entries(), QStringList({"A", "C", "Without"}));
+        // A profile that went meanwhile is still listed.
+        m_manager->removeProfile(profiles[3]);
+        box->setCurrentIndex(2);
+        QCOMPARE(m_manager->getActiveProfile(), profiles[0]);
+    }
+
+    void otherPluginsNodeEditor()
+    {
+        KlvPlugin* other = m_manager->loadPlugin(QStringLiteral(TRANSFORM_PLUGIN_FILE));
+        QVERIFY(other);
+        const QDockWidget* dock = activateDock("KlvNodeEditor");
+        auto* node = new SoTransform;
+        node->ref();
+        m_services->setSelectedNode(node);
+        QVERIFY(QTest::qWaitForWindowActive(&m_shell->window()));
+        const auto boxes = dock->widget()->findChildren<QDoubleSpinBox*>();
+        QCOMPARE(boxes.size(), 9);
+        const auto enter = [&](int box, const char* keys) {
+            boxes[box]->setFocus();
+            boxes[box]->selectAll();
+            QTest::keyClicks(boxes[box], keys);
+        };
+        const auto process = [] { SoDB::getSensorManager()->processDelayQueue(TRUE); };
+
+        // The components that are not entered stay to the bit; undo brings back the default, too.
+        node->scaleFactor = SbVec3f(0.123456789f, 1, 2);
+        enter(7, "3\r");
+        QCOMPARE(node->scaleFactor.getValue(), SbVec3f(0.123456789f, 3, 2));
+        enter(0, "1.5\r");
+        QVERIFY(node->translation.getValue() == SbVec3f(1.5f, 0, 0) && !node->translation.isDefault());
+        m_services->getUndoStack()->undo();
+        QVERIFY(node->translation.getValue() == SbVec3f(0, 0, 0) && node->translation.isDefault());
+        process();
+        QCOMPARE(boxes[0]->value(), 0.0);
+
+        // Angles stay as they were entered, others are found for a rotation from elsewhere.
+        enter(4, "100\r");
+        process();
+        QCOMPARE(boxes[4]->value(), 100.0);
+        for (const SbVec3f& angles : {SbVec3f(-170, -20, 135), SbVec3f(0, 90, 0), SbVec3f(30, 40, 50)}) {
+            SbRotation rotation = SbRotation::identity();
+            for (int i = 0; i < 3; ++i)
+                rotation *= SbRotation(SbVec3f(i == 0, i == 1, i == 2), float(angles[i] * M_PI / 180));
+            node->rotation = rotation;
+            process();
+            for (int i = 0; i < 3; ++i)
+                QVERIFY(qAbs(boxes[3 + i]->value() - angles[i]) < 0.001);
+        }
+
+        // What is being typed counts; a node and the plug-in itself may go while they are in use.
+        enter(2, "7");
+        m_services->setSelectedNode(m_file);
+        QCOMPARE(node->translation.getValue(), SbVec3f(0, 0, 7));
+        QVERIFY(dock->isHidden());
+        m_services->setSelectedNode(node);
+        auto* doomed = new SoTransform;
         doomed->ref();
-        QMetaObject::invokeMethod(plugin->getExtensions().last(), "s_selectedFieldChanged",
-                                  Q_ARG(SoField*, &doomed->name));
+        QMetaObject::invokeMethod(extension("KlvNodeEditor"), "s_selectedNodeChanged",
+                                  Q_ARG(SoFieldContainer*, doomed));
         QVERIFY(dock->isVisible());
         doomed->unref();
+        QVERIFY(dock->isHidden());
+        m_services->announceSelection();
+        QVERIFY(dock->isVisible() && m_services->getUndoStack()->count() > 0);
+        m_manager->unloadPlugin(other);
         QVERIFY(dock->isHidden() && !dock->widget());
-
-        QCOMPARE(shown(&time), QString("DvSFLineWidget"));
-        manager->unloadPlugin(plugin);
-        QCOMPARE(std::exchange(shell.calls, {}),
-                 QStringList({"removeDockWidget Field Editor", "extensionDeactivated Field Editor"}));
-        QVERIFY(!shell.window.findChild<QDockWidget*>());
-        manager->removeProfile(profile);
-        file->unref();
+        QCOMPARE(m_services->getUndoStack()->count(), 0);
+        node->translation = SbVec3f(0, 0, 0);
+        process();
+        node->unref();
     }
 
     void entryPoints()
     {
-        QLibrary module(QString(KELVOR_PLUGIN_FILE));
+        m_manager->unloadPlugin(m_plugin);
+        QLibrary module(QStringLiteral(KELVOR_PLUGIN_FILE));
         const auto load = reinterpret_cast<KlvPlugin* (*)()>(module.resolve("loadPlugin"));
         const auto unload = reinterpret_cast<void (*)()>(module.resolve("unloadPlugin"));
         QVERIFY(load && unload);
@@ -159,6 +284,40 @@ private Q_SLOTS:
         unload();
         QVERIFY(module.unload());
     }
+
+private:
+    KlvExtension* extension(const QString& name) const
+    {
+        for (KlvExtension* one : m_manager->getExtensions()) {
+            if (className(one) == name)
+                return one;
+        }
+        return nullptr;
+    }
+
+    /// Adds a profile with an extension, or without any; gives the extension's setting.
+    KlvProfileSetting* addProfile(const char* name, const QString& active)
+    {
+        auto* profile = new KlvProfile(name);
+        m_manager->addProfile(profile);
+        return profile->addSetting(extension(active));
+    }
+
+    /// Makes a profile active in which an extension controls all editors; gives the extension's dock.
+    QDockWidget* activateDock(const QString& name)
+    {
+        KlvProfileSetting* setting = addProfile("Test", name);
+        for (KlvExtension* one : m_manager->getExtensions())
+            setting->addControlledExtension(one);
+        m_manager->setActiveProfile(m_manager->getProfilesList().last());
+        return m_shell->window().findChild<QDockWidget*>(name);
+    }
+
+    KlvPluginsManager* m_manager = KlvPluginsManager::getInstance();
+    KlvServices* m_services = KlvServices::getInstance();
+    std::unique_ptr<RecordingShell> m_shell;
+    KlvPlugin* m_plugin = nullptr;
+    SoFile* m_file = new SoFile;
 };
 
 KLV_TEST_MAIN(tst_KlvDefaults)

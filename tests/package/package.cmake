@@ -12,12 +12,13 @@ run(${CMAKE_COMMAND} ${OPTIONS} -DCMAKE_PREFIX_PATH=${prefix} -DKELVOR_SOURCE_DI
     -S ${CMAKE_CURRENT_LIST_DIR}/outside -B ${WORK_DIR}/outside)
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/outside)
 
-# Both the installed program and the outside project's own take the outside plug-in, and would say if they did not.
+# Both the installed program and the outside project's own take the outside plug-ins, and would say if they did not.
 foreach(program ${prefix}/bin/kelvor ${WORK_DIR}/outside/outside_inspector)
     set(arguments --select KeyLight.color --screenshot ${WORK_DIR}/picture.png
         ${SOURCE_DIR}/examples/scenes/orrery.iv)
     file(REMOVE ${WORK_DIR}/picture.png)
-    run(${program} --plugin ${WORK_DIR}/outside/plugin/libcolor_plugin.so ${arguments})
+    run(${program} --plugin ${WORK_DIR}/outside/plugin/libcolor_plugin.so
+        --plugin ${WORK_DIR}/outside/node-plugin/libtransform_plugin.so ${arguments})
     file(SIZE ${WORK_DIR}/picture.png size)
     if(size LESS 1000)
         message(FATAL_ERROR "${program} wrote a picture of ${size} bytes")

@@ -35,23 +35,23 @@ int fail(const QString& sentence)
     return EXIT_FAILURE;
 }
 
-/// Something the program can do without: told, and the program goes on.
-void complain(MainWindow& window, bool quiet, const QString& sentence)
+/// What the program can do without: told, and the program goes on.
+void complain(MainWindow& window, bool quiet, const QStringList& sentences)
 {
+    const QString text = sentences.join(QLatin1Char('\n'));
     if (quiet)
-        std::fprintf(stderr, "%s\n", qUtf8Printable(sentence));
+        fail(text);
     else
-        QMessageBox::warning(&window, QApplication::applicationDisplayName(), sentence);
+        QMessageBox::warning(&window, QApplication::applicationDisplayName(), text);
 }
 
-/// Loads what the options ask for; one sentence when something of it is missing.
-QString setUp(MainWindow& window, const ProgramOptions& options)
+/// Loads what the options ask for; one sentence when something of it is missing. What the program can do
+/// without appends one each to `problems`.
+QString setUp(MainWindow& window, const ProgramOptions& options, QStringList& problems)
 {
-    const bool quiet = !options.screenshot.isEmpty();
     HostPlugins* plugins = window.plugins();
     QString error;
-    if (!plugins->load(HostPlugins::defaultPlugin(), &error))
-        complain(window, quiet, error);
+    problems = plugins->profiles().problems() + plugins->loadRemembered();
     for (const QString& file : options.plugins) {
         if (!plugins->load(file, &error))
             return error;
@@ -59,15 +59,15 @@ QString setUp(MainWindow& window, const ProgramOptions& options)
     if (!options.pluginFolder.isEmpty()) {
         if (!QFileInfo(options.pluginFolder).isReadable())
             return ProgramOptions::tr("The plug-in folder \"%1\" cannot be read.").arg(options.pluginFolder);
-        for (const QString& sentence : plugins->loadFolder(options.pluginFolder))
-            complain(window, quiet, sentence);
+        problems += plugins->loadFolder(options.pluginFolder);
     }
     if (!plugins->activateProfile(options.profile))
         return ProgramOptions::tr("There is no profile \"%1\".").arg(options.profile);
     if (!options.scene.isEmpty()) {
         // A picture leaves no trace in the user's settings.
-        const bool opened = quiet ? window.document()->open(options.scene, &error)
-                                  : window.documentActions()->openAtStart(options.scene, &error);
+        const bool opened = !options.screenshot.isEmpty()
+                                ? window.document()->open(options.scene, &error)
+                                : window.documentActions()->openAtStart(options.scene, &error);
         if (!opened)
             return error;
     }
@@ -93,10 +93,14 @@ int run(const ProgramOptions& options)
     const bool picture = !options.screenshot.isEmpty();
     MainWindow window(picture ? MainWindow::Layout::Fixed : MainWindow::Layout::Kept);
     window.addColorsMenu();
-    const QString error = setUp(window, options);
+    QStringList problems;
+    const QString error = setUp(window, options, problems);
+    if (error.isEmpty())
+        window.show();
+    if (!problems.isEmpty())
+        complain(window, picture || !error.isEmpty(), problems);
     if (!error.isEmpty())
         return fail(error);
-    window.show();
     if (!picture)
         return QApplication::exec();
 

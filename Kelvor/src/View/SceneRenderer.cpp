@@ -1,5 +1,6 @@
 #include "SceneRenderer.h"
 
+#include "GlMessages.h"
 #include "ViewRenderAction.h"
 
 #include <Inventor/SbViewportRegion.h>
@@ -92,6 +93,7 @@ SceneRenderer::SceneRenderer(CameraRule& rule)
     const CurrentContext current(m_context, m_surface);
     if (!current)
         return;
+    m_messages = std::make_unique<GlMessages>();
     m_cacheContext = SoGLCacheContextElement::getUniqueCacheContext();
     ViewRenderAction::initClass();
     m_action = std::make_unique<ViewRenderAction>(rule);
@@ -113,6 +115,7 @@ SceneRenderer::~SceneRenderer()
     m_action.reset();
     SoContextHandler::destructingContext(m_cacheContext);
     m_target.reset();
+    m_messages.reset();
 }
 
 void SceneRenderer::setScene(SoNode* scene, std::function<void()> changed)

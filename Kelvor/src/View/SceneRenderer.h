@@ -10,12 +10,15 @@
 #include <memory>
 
 class CameraRule;
+class GlMessages;
 class QOpenGLFramebufferObject;
 class SoNode;
 class SoRenderManager;
 class ViewRenderAction;
 
 /// Draws a scene into an image, with an OpenGL context of its own that no window and no docking takes away.
+///
+/// What OpenGL finds wrong meanwhile is reported as `SoGLError`.
 class SceneRenderer
 {
 public:
@@ -41,6 +44,7 @@ private:
 
     QOpenGLContext m_context;
     QOffscreenSurface m_surface;
+    std::unique_ptr<GlMessages> m_messages;
     std::unique_ptr<QOpenGLFramebufferObject> m_target;
     std::unique_ptr<ViewRenderAction> m_action;
     std::unique_ptr<SoRenderManager> m_manager;

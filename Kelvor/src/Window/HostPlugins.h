@@ -1,31 +1,66 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "ProfileStore.h"
+#include "RememberedPlugins.h"
 
-/// The plug-ins and profiles of the host: the default plug-in, those that were asked for, and the profile
-/// "Default" in which everything is active and every dock and panel controls every editor.
+#include <QObject>
+
+class KlvPlugin;
+
+/// The plug-ins and profiles of the host: the default plug-in, those that a person has chosen to load at
+/// every start and those that were asked for, with the profiles in which they are put to work.
 ///
 /// Unloads all plug-ins when it goes, while the shell that they show themselves in must still be there.
-class HostPlugins
+class HostPlugins : public QObject
 {
-public:
-    HostPlugins();
-    ~HostPlugins();
+    Q_OBJECT
 
-    HostPlugins(const HostPlugins&) = delete;
-    HostPlugins& operator=(const HostPlugins&) = delete;
+public:
+    explicit HostPlugins(const QString& defaultPlugin = HostPlugins::defaultPlugin());
+    ~HostPlugins() override;
 
     /// The file of the plug-in that comes with the host, beside the host library.
     static QString defaultPlugin();
 
-    /// Loads one plug-in; false and one sentence in `error` when that fails.
+    /// Loads the default plug-in, unless it was switched off, and the remembered ones; one sentence for each
+    /// that failed. Those stay remembered: the file may come back.
+    QStringList loadRemembered();
+    /// Loads one plug-in for this run; false and one sentence in `error` when that fails. One that is
+    /// loaded already is no failure.
     bool load(const QString& file, QString* error);
-    /// Loads all modules of a folder, in the order of their names, and gives one sentence for each that
-    /// failed or for the folder when it cannot be read.
+    /// Loads all modules of a folder like `load()`, in the order of their names, and gives one sentence for
+    /// each that failed or for the folder when it cannot be read.
     QStringList loadFolder(const QString& folder);
 
-    /// Makes a profile active, "Default" when no name is given; false when there is none of the name. Called
-    /// once the plug-ins are loaded.
+    /// Loads one plug-in, for every later run too; false and one sentence in `error` when that fails.
+    bool loadAndRemember(const QString& file, QString* error);
+    /// Unloads a plug-in, for every later run too. The history is cleared; if it held changes of the scene
+    /// that were not saved, it stays marked as changed.
+    void unload(KlvPlugin* plugin);
+    /// Plug-ins that are not loaded but could be: the default one when it is switched off, and remembered
+    /// ones that failed.
+    QStringList absentPlugins() const;
+    /// No longer loads a plug-in in later runs. The default one comes back by loading it.
+    void forget(const QString& file);
+    bool isDefault(const QString& file) const;
+
+    ProfileStore& profiles() { return m_profiles; }
+    /// Makes a profile active; without a name the one of the last run or, where there is none of that name,
+    /// the first. False when there is none of the name. Called once the plug-ins are loaded; from then on the
+    /// active profile is remembered when it is changed.
     bool activateProfile(const QString& name = QString());
+
+Q_SIGNALS:
+    /// Plug-ins were loaded, unloaded, remembered or forgotten.
+    void changed();
+
+private:
+    void pluginsChanged();
+    void rememberProfile();
+    void profilesChanged();
+
+    const QString m_defaultPlugin;
+    RememberedPlugins m_remembered;
+    ProfileStore m_profiles;
+    KlvProfile* m_rememberedProfile = nullptr; ///< only compared
 };

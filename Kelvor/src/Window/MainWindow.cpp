@@ -7,9 +7,13 @@
 #include "HostSettings.h"
 #include "Models/FieldListPanel.h"
 #include "Models/SceneTreePanel.h"
+#include "PluginsDialog.h"
+#include "ProfilesDialog.h"
 #include "Scene/SceneDocument.h"
 #include "View/SceneView.h"
 
+#include <KlvExtender/KlvEditor.h>
+#include <KlvExtender/KlvPluginsManager.h>
 #include <KlvExtender/KlvServices.h>
 
 #include <QApplication>
@@ -70,6 +74,7 @@ MainWindow::~MainWindow()
     KlvServices* services = KlvServices::getInstance();
     services->setSelectedNode(nullptr);
     services->setSelectedField(nullptr);
+    delete m_pluginsDialog;
     // While the window and its docks are whole: the plug-ins take theirs out of it.
     m_plugins.reset();
     m_history->clear();
@@ -100,11 +105,13 @@ void MainWindow::createDocks()
     resizeDocks({tree, history}, {500, 160}, Qt::Vertical);
 
     // Return in the field list goes on to the first input of the editor that shows the field.
-    connect(m_fieldPanel, &FieldListPanel::fieldActivated, this, [this] {
-        for (QDockWidget* dock : findChildren<QDockWidget*>()) {
-            if (!dock->isVisible() || !dock->widget() || !m_shell.isInExtensionDock(dock->widget()))
+    connect(m_fieldPanel, &FieldListPanel::fieldActivated, this, [] {
+        const SoField* field = KlvServices::getInstance()->getSelectedField();
+        for (KlvExtension* extension : KlvPluginsManager::getInstance()->getExtensions()) {
+            const auto* editor = qobject_cast<KlvEditor*>(extension);
+            if (!field || !editor || !editor->isActive() || editor->getEditedObject().toField() != field)
                 continue;
-            for (QWidget* input : dock->widget()->findChildren<QWidget*>()) {
+            for (QWidget* input : editor->getWidget()->findChildren<QWidget*>()) {
                 if (input->isVisible() && input->isEnabled() && (input->focusPolicy() & Qt::TabFocus)) {
                     input->setFocus(Qt::TabFocusReason);
                     return;
@@ -124,6 +131,19 @@ void MainWindow::createMenus()
     m_viewMenu->addSeparator();
     QMenu* panels = m_viewMenu->addMenu(tr("&Panels"));
     connect(panels, &QMenu::aboutToShow, this, [this, panels] { fillPanelsMenu(panels); });
+    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
+    tools->addAction(tr("&Profiles…"), this, [this] { ProfilesDialog(&m_plugins->profiles(), this).exec(); });
+    tools->addAction(tr("P&lug-ins…"), this, &MainWindow::showPlugins);
+}
+
+void MainWindow::showPlugins()
+{
+    if (!m_pluginsDialog) {
+        m_pluginsDialog = new PluginsDialog(m_plugins.get(), this);
+        m_pluginsDialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_pluginsDialog->show();
+    m_pluginsDialog->activateWindow();
 }
 
 void MainWindow::createEditMenu()

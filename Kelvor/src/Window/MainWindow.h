@@ -3,12 +3,14 @@
 #include "HostShell.h"
 
 #include <QMainWindow>
+#include <QPointer>
 
 #include <memory>
 
 class DocumentActions;
 class FieldListPanel;
 class HostPlugins;
+class PluginsDialog;
 class SceneDocument;
 class SceneTreePanel;
 class SceneView;
@@ -48,6 +50,7 @@ private:
     void createDocks();
     void createMenus();
     void createEditMenu();
+    void showPlugins();
     struct HistoryMove;
     QAction* addHistoryMove(QMenu* menu, const QString& name, const HistoryMove& move);
     void fillPanelsMenu(QMenu* menu);
@@ -66,4 +69,5 @@ private:
     DocumentActions* m_documentActions = nullptr;
     HostShell m_shell;
     std::unique_ptr<HostPlugins> m_plugins;
+    QPointer<PluginsDialog> m_pluginsDialog;
 };

@@ -51,6 +51,10 @@ public:
     /// in it.
     KlvProfileSetting* getProfileSetting() const;
 
+Q_SIGNALS:
+    /// It became active or inactive, visible or hidden.
+    void stateChanged();
+
 protected:
     SbString m_name;
     SbString m_description;
@@ -58,6 +62,8 @@ protected:
     SbString m_version;
 
 private:
+    void setState(bool KlvExtension::*state, bool value);
+
     bool m_active = false;
     bool m_visible = false;
 };

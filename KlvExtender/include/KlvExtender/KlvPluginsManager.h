@@ -2,6 +2,8 @@
 
 #include <KlvExtender/KlvExtenderExport.h>
 
+#include <Inventor/SbString.h>
+
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -51,11 +53,16 @@ public:
     void setActiveProfile(KlvProfile* profile);
     /// Adds a profile and takes ownership. Null and one that was added already are ignored.
     void addProfile(KlvProfile* profile);
+    /// Gives a profile another name; it stays the same profile, active or not. One that was not added is
+    /// ignored.
+    void renameProfile(KlvProfile* profile, const SbString& name);
     /// Removes and deletes a profile; if it was active, no profile is active afterwards.
     void removeProfile(KlvProfile* profile);
 
 Q_SIGNALS:
-    /// A profile was added or removed.
+    /// A plug-in was loaded or unloaded.
+    void pluginsChanged();
+    /// A profile was added, renamed or removed.
     void profilesChanged();
     /// Another profile (or none: null) is active now.
     void activeProfileChanged(KlvProfile* profile);

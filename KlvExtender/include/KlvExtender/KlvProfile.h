@@ -32,6 +32,8 @@ public:
     void forgetExtension(const KlvExtension* extension);
 
 private:
+    friend class KlvPluginsManager; // renames
+
     SbString m_name;
     std::vector<std::unique_ptr<KlvProfileSetting>> m_settings;
 };

@@ -7,8 +7,8 @@
 #include <exception>
 #include <utility>
 
-/// Calls code of a plug-in and keeps what it throws from going further: false is returned then, with the
-/// reason in `reason` or, without one, as an error message of Coin.
+/// Calls code of a plug-in, that of another one included, and keeps what it throws from going further: false
+/// is returned then, with the reason in `reason` or, without one, as an error message of Coin.
 template <class Function>
 bool guarded(Function&& function, QString* reason = nullptr) noexcept
 {

@@ -1,0 +1,126 @@
+// What a printed line costs in the console against the number of lines, layout and painting included, beside
+// a bare text view and a pipe to a file. Run with QT_QPA_PLATFORM=offscreen; writes a table for
+// docs/performance.md.
+
+#include "MarkdownReporter.h"
+
+#include <KlvConsole.h>
+
+#include <Inventor/SoDB.h>
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QTextEdit>
+
+#include <atomic>
+#include <chrono>
+#include <cstdio>
+#include <iostream>
+#include <thread>
+
+namespace {
+
+constexpr auto lineFormat = "line %d: something that a program tells while it runs\n";
+
+std::string line(int number)
+{
+    char text[100];
+    std::snprintf(text, sizeof text, lineFormat, number);
+    return text;
+}
+
+void print(int count)
+{
+    for (int i = 0; i < count; ++i)
+        std::cout << line(i);
+}
+
+/// Prints on a console in a window of its own.
+template <typename Printing>
+void inConsole(Printing printing)
+{
+    KlvConsole console;
+    console.load();
+    console.activate();
+    printing();
+    QApplication::processEvents();
+    console.deactivate();
+}
+
+void onOwnThread(int count)
+{
+    inConsole([count] { print(count); });
+}
+
+void onOtherThread(int count)
+{
+    inConsole([count] {
+        std::atomic<bool> done = false;
+        std::thread writer([&] {
+            print(count);
+            done = true;
+        });
+        while (!done)
+            QApplication::processEvents();
+        writer.join();
+    });
+}
+
+void appended(int count)
+{
+    QTextEdit view;
+    view.show();
+    for (int i = 0; i < count; ++i)
+        view.append(QString::fromStdString(line(i)).chopped(1));
+    QApplication::processEvents();
+}
+
+void piped(int count)
+{
+    std::FILE* const pipe = popen("f=$(mktemp); cat > \"$f\"; rm \"$f\"", "w");
+    for (int i = 0; i < count; ++i)
+        std::fputs(line(i).c_str(), pipe);
+    pclose(pipe);
+}
+
+const struct
+{
+    const char* name;
+    void (*print)(int count);
+} Ways[] = {{"console, its own thread", onOwnThread},
+            {"console, another thread", onOtherThread},
+            {"text view, appended", appended},
+            {"pipe to a file", piped}};
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    SoDB::init();
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    for (const auto& way : Ways) {
+        for (const int count : {1'000, 10'000, 100'000, 1'000'000}) {
+            const auto name = "µs a line/" + std::string(way.name) + '/' + std::to_string(count);
+            benchmark::RegisterBenchmark(name.c_str(),
+                                         [=, &way](benchmark::State& state) {
+                                             for (auto _ : state) {
+                                                 const auto start = std::chrono::steady_clock::now();
+                                                 way.print(count);
+                                                 const std::chrono::duration<double> time =
+                                                     std::chrono::steady_clock::now() - start;
+                                                 state.SetIterationTime(time.count() / count);
+                                             }
+                                         })
+                ->UseManualTime()
+                ->Iterations(count < 100'000 ? 5 : 1)
+                ->Unit(benchmark::kMicrosecond);
+        }
+    }
+    MarkdownReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    return 0;
+}
