@@ -1,4 +1,5 @@
 #include "Answer.h"
+#include "CoinHelpers.h"
 #include "HostRun.h"
 #include "TestMain.h"
 
@@ -6,7 +7,9 @@
 
 #include <KlvExtender/KlvServices.h>
 
+#include <Inventor/fields/SoSFTime.h>
 #include <Inventor/nodes/SoCone.h>
+#include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoDirectionalLight.h>
 
 #include <QDockWidget>
@@ -64,10 +67,14 @@ private Q_SLOTS:
         QCOMPARE(state("KlvDefaults"), QString("loaded"));
         QVERIFY(row("KlvDefaults")->text(5).endsWith("libqor_kelvor_extender_base.so"));
         QCOMPARE(state("Field Editor"), QString("active"));
-        auto* cone = new SoCone;
-        m_services->setSelectedField(&cone->height);
-        QCOMPARE(state("Field Editor"), QString("visible"));
-        QCOMPARE(state("DvSFFloatWidget"), QString("visible"));
+        SoSFTime time;
+        for (const auto& [field, editor] : {std::pair<SoField*, QString>{&time, "DvSFLineWidget"},
+                                            {&(new SoCoordinate3)->point, "DvMFDefaultFieldWidget"},
+                                            {&(new SoCone)->height, "DvSFFloatWidget"}}) {
+            m_services->setSelectedField(field);
+            QCOMPARE(state("Field Editor"), QString("visible"));
+            QCOMPARE(state(editor), QString("visible"));
+        }
         QVERIFY(m_run->plugins.activateProfile("Console only"));
         QCOMPARE(state("DvSFFloatWidget"), QString("inactive"));
     }
@@ -125,6 +132,7 @@ private Q_SLOTS:
         auto* edit = qobject_cast<QLineEdit*>(dock->widget());
         edit->selectAll();
         QTest::keyClicks(edit, "#ff0080\r");
+        QCOMPARE(light->color.getValue()[1], 0.0f);
         QUndoStack* history = m_services->getUndoStack();
         QCOMPARE(state("Color Editor"), QString("active"));
         for (const auto button : {QMessageBox::Cancel, QMessageBox::Yes}) {
@@ -135,6 +143,9 @@ private Q_SLOTS:
         QCOMPARE(state("Color Editor"), QString("none"));
         // The scene is still changed.
         QVERIFY(!dock->widget() && history->count() == 0 && !history->isClean());
+        QVERIFY(!m_services->getSelectedField() && !m_services->getSelectedNode());
+        light->color = SbColor(0, 1, 0);
+        processSensors();
         m_services->setSelectedField(&light->color);
         QVERIFY(dock->widget());
         light->unref();

@@ -77,27 +77,21 @@ private Q_SLOTS:
         m_folder = std::make_unique<QTemporaryDir>();
     }
 
-    void shippedProfilesTakeInWhatArrivesLater_data()
-    {
-        QTest::addColumn<QString>("profile");
-        QTest::addColumn<QString>("names");
-        QTest::newRow("all") << "Default"
-                             << "Profile Selector,Console,Field Editor,Node Editor,first,second,third";
-        QTest::newRow("docks") << "Fields"
-                               << "Field Editor,Node Editor";
-        QTest::newRow("console") << "Console only"
-                                 << "Console";
-    }
-
     void shippedProfilesTakeInWhatArrivesLater()
     {
-        QFETCH(QString, profile);
-        HostRun run(m_folder->path(), profile);
-        QVERIFY(run.found && run.problems.isEmpty());
-        QVERIFY(run.plugins.load(HostRun::module("RecordingNone"), nullptr));
-        QVERIFY(run.plugins.load(HostRun::module("color_plugin"), nullptr));
-        QTEST(active().join(','), "names");
-        QVERIFY(profile == "Console only" || fieldEditorControls("Color Editor"));
+        const std::pair<QString, QString> rows[] = {
+            {"Default", "Profile Selector,Console,Field Editor,Node Editor,first,second,third"},
+            {"Fields", "Field Editor,Node Editor"},
+            {"Console only", "Console"},
+        };
+        for (const auto& [profile, names] : rows) {
+            HostRun run(m_folder->path(), profile);
+            QVERIFY(run.found && run.problems.isEmpty());
+            QVERIFY(run.plugins.load(HostRun::module("RecordingNone"), nullptr));
+            QVERIFY(run.plugins.load(HostRun::module("color_plugin"), nullptr));
+            QCOMPARE(active().join(','), names);
+            QVERIFY(profile == "Console only" || fieldEditorControls("Color Editor"));
+        }
     }
 
     void whatIsEditedHoldsAtOnceAndInTheNextRun()
@@ -195,45 +189,44 @@ private Q_SLOTS:
         }
     }
 
-    void damagedFiles_data()
-    {
-        QTest::addColumn<QString>("list");
-        QTest::addColumn<int>("problems");
-        QTest::addColumn<QString>("mentions");
-        const QString mine = R"({"name": "Mine", "rule": "nothing"})";
-        const QString start = R"({"name": "Mine", "rule": "nothing", "extensions": )";
-        QTest::newRow("no JSON") << "" << 1 << ".damaged";
-        QTest::newRow("no names") << "7, {\"name\": \" \"}, " + mine << 2 << "name";
-        QTest::newRow("unknown rule") << R"({"name": "Odd", "rule": "half"}, )" + mine << 1 << "\"half\"";
-        QTest::newRow("two of a name") << mine + ", " + mine << 1 << "Mine";
-        QTest::newRow("damaged entries")
-            << start + R"([3, {"plugin": "KlvDefaults", "extension": "Console", "active": "yes"},
-                {"plugin": "KlvDefaults", "extension": "Node Editor", "active": true}],
-                "withheld": [{"dock": {}}]})"
-            << 3 << "entry 2";
-        QTest::newRow("no list, unknown key") << start + R"(5, "colour": 1})" << 2 << "colour";
-    }
-
     void damagedFiles()
     {
-        QFETCH(QString, list);
-        const QByteArray damaged =
-            list.isEmpty() ? "{" : R"({"format": 1, "profiles": [)" + list.toUtf8() + "]}";
-        write(damaged);
+        const QByteArray mine = R"({"name": "Mine", "rule": "nothing"})";
+        const QByteArray start = R"({"name": "Mine", "rule": "nothing", "extensions": )";
+        const struct
         {
-            HostRun run(m_folder->path(), list.isEmpty() ? "Default" : "Mine");
-            QTEST(int(run.problems.size()), "problems");
-            QFETCH(QString, mentions);
-            QVERIFY2(run.problems.join(' ').contains(mentions), qPrintable(run.problems.join(' ')));
-            QVERIFY(run.found);
-            QCOMPARE(active().contains("Node Editor"), list.isEmpty() || list.contains("true"));
-            QCOMPARE(content(), damaged);
-            for (int i = 0; i < 2; ++i)
-                QCOMPARE(run.plugins.profiles().replace(run.plugins.profiles().entries(), 0), QString());
+            QByteArray list;
+            int problems;
+            QString mentions;
+        } rows[] = {
+            {"", 1, ".damaged"}, // no JSON
+            {"7, {\"name\": \" \"}, " + mine, 2, "name"},
+            {R"({"name": "Odd", "rule": "half"}, )" + mine, 1, "\"half\""},
+            {mine + ", " + mine, 1, "Mine"},
+            {start + R"([3, {"plugin": "KlvDefaults", "extension": "Console", "active": "yes"},
+                {"plugin": "KlvDefaults", "extension": "Node Editor", "active": true}],
+                "withheld": [{"dock": {}}]})",
+             3, "entry 2"},
+            {start + R"(5, "colour": 1})", 2, "colour"},
+        };
+        for (const auto& [list, problems, mentions] : rows) {
+            m_folder = std::make_unique<QTemporaryDir>();
+            const QByteArray damaged = list.isEmpty() ? "{" : R"({"format": 1, "profiles": [)" + list + "]}";
+            write(damaged);
+            {
+                HostRun run(m_folder->path(), list.isEmpty() ? "Default" : "Mine");
+                const QString told = run.problems.join(' ');
+                QVERIFY2(run.problems.size() == problems && told.contains(mentions), qPrintable(told));
+                QVERIFY2(run.found, damaged);
+                QCOMPARE(active().contains("Node Editor"), list.isEmpty() || list.contains("true"));
+                QCOMPARE(content(), damaged);
+                for (int i = 0; i < 2; ++i)
+                    QCOMPARE(run.plugins.profiles().replace(run.plugins.profiles().entries(), 0), QString());
+            }
+            QCOMPARE(content(".damaged"), damaged);
+            QVERIFY(!QFile::exists(path() + ".damaged2"));
+            QVERIFY(HostRun(m_folder->path()).problems.isEmpty());
         }
-        QCOMPARE(content(".damaged"), damaged);
-        QVERIFY(!QFile::exists(path() + ".damaged2"));
-        QVERIFY(HostRun(m_folder->path()).problems.isEmpty());
     }
 
     void aFileThatCannotBeWrittenIsTold()

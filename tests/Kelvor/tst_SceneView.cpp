@@ -75,10 +75,7 @@ private Q_SLOTS:
 
     void reportsWhatOpenGlFindsWrong()
     {
-        static QStringList reports;
-        SoErrorCB* const before = SoGLError::getHandlerCallback();
-        SoGLError::setHandlerCallback(
-            [](const SoError* error, void*) { reports += error->getDebugString().getString(); }, nullptr);
+        const PostedErrors<SoGLError> errors;
         show(redCube);
         auto* const callback = new SoCallback;
         callback->setCallback([](void*, SoAction* action) {
@@ -89,9 +86,8 @@ private Q_SLOTS:
         picture();
         callback->touch();
         picture();
-        SoGLError::setHandlerCallback(before, nullptr);
-        QCOMPARE(reports.size(), 1);
-        QVERIFY2(reports[0].contains(QStringLiteral("glEnable")), qPrintable(reports[0]));
+        QCOMPARE(errors.messages.size(), 1);
+        QVERIFY2(errors.messages[0].contains("glEnable"), qPrintable(errors.messages[0]));
     }
 
     void drawsWhatIsInFront()

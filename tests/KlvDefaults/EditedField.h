@@ -1,7 +1,6 @@
 #pragma once
 
 #include "CoinHelpers.h"
-#include "FieldEditors/MFWidgets/DvMFieldWidget.h"
 
 #include <KlvExtender/KlvServices.h>
 
@@ -9,13 +8,6 @@
 #include <QLineEdit>
 #include <QUndoStack>
 #include <QVBoxLayout>
-
-/// Makes an editor of multi-value fields, for tables of them.
-template <typename Editor>
-DvMFieldWidget* make()
-{
-    return new Editor(nullptr);
-}
 
 /// An editor at work on one field, in a window that also has another input and is the active one. Its first
 /// line edit, if it has one, has the keyboard focus.

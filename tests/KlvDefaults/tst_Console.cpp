@@ -1,5 +1,6 @@
 // The capture of the standard streams, and the console that shows it.
 
+#include "CoinHelpers.h"
 #include "RecordingShell.h"
 #include "TestMain.h"
 
@@ -9,7 +10,6 @@
 #include <KlvExtender/SceneGraph/SoErrorStack.h>
 #include <KlvExtender/SceneGraph/SoGLError.h>
 
-#include <Inventor/SoInput.h>
 #include <Inventor/errors/SoDebugError.h>
 #include <Inventor/errors/SoReadError.h>
 
@@ -204,11 +204,9 @@ private Q_SLOTS:
 
     void reportsWhileInactive()
     {
-        static int others = 0;
         m_console->deactivate();
         m_console.reset();
-        SoReadError::setHandlerCallback([](const SoError*, void* data) { ++*static_cast<int*>(data); },
-                                        &others);
+        const PostedErrors<SoReadError> others;
         m_console = std::make_unique<KlvConsole>();
         qputenv("KELVOR_STDOUT_CAPTURE", "off");
         m_console->load();
@@ -221,10 +219,10 @@ private Q_SLOTS:
         postReadError("while inactive");
         QCoreApplication::processEvents();
         QVERIFY(view->toPlainText().contains(QStringLiteral("while inactive")));
-        QCOMPARE(others, 0);
+        QVERIFY(others.messages.isEmpty());
         m_console->unload();
         postReadError("after");
-        QCOMPARE(others, 1);
+        QCOMPARE(others.messages.size(), 1);
         QCOMPARE(m_shell.takeCalls().last(), QStringLiteral("extensionDeactivated Console"));
     }
 

@@ -1,6 +1,7 @@
 // The plug-in module in the plug-ins manager: its docks and its tool bar in a window, alone and beside
 // another plug-in.
 
+#include "CoinHelpers.h"
 #include "RecordingShell.h"
 #include "TestMain.h"
 
@@ -11,12 +12,8 @@
 #include <KlvExtender/KlvProfileSetting.h>
 #include <KlvExtender/KlvServices.h>
 
-#include <Inventor/SoDB.h>
-#include <Inventor/fields/SoSFTime.h>
-#include <Inventor/nodes/SoCoordinate3.h>
 #include <Inventor/nodes/SoFile.h>
 #include <Inventor/nodes/SoTransform.h>
-#include <Inventor/sensors/SoSensorManager.h>
 
 #include <QComboBox>
 #include <QDockWidget>
@@ -144,19 +141,6 @@ private Q_SLOTS:
         QVERIFY(!dock);
     }
 
-    void ownEditors()
-    {
-        const QDockWidget* dock = activateDock("KlvFieldEditorDockWin");
-        SoSFTime time;
-        for (const auto& [field, editor] :
-             {std::pair<SoField*, const char*>{&m_file->name, "DvSFStringWidget"},
-              {&time, "DvSFLineWidget"},
-              {&(new SoCoordinate3)->point, "DvMFDefaultFieldWidget"}}) {
-            m_services->setSelectedField(field);
-            QCOMPARE(dock->widget(), qobject_cast<KlvEditor*>(extension(editor))->getWidget());
-        }
-    }
-
     void profileSelector()
     {
         const QString selector = QStringLiteral("KlvProfileSelectorExtension");
@@ -209,7 +193,10 @@ private Q_SLOTS:
     {
         KlvPlugin* other = m_manager->loadPlugin(QStringLiteral(TRANSFORM_PLUGIN_FILE));
         QVERIFY(other);
-        const QDockWidget* dock = activateDock("KlvNodeEditor");
+        KlvProfileSetting* setting = addProfile("Test", "KlvNodeEditor");
+        setting->addControlledExtension(other->getExtensions().first());
+        m_manager->setActiveProfile(m_manager->getProfilesList().first());
+        const auto* dock = m_shell->window().findChild<QDockWidget*>("KlvNodeEditor");
         auto* node = new SoTransform;
         node->ref();
         m_services->setSelectedNode(node);
@@ -221,7 +208,6 @@ private Q_SLOTS:
             boxes[box]->selectAll();
             QTest::keyClicks(boxes[box], keys);
         };
-        const auto process = [] { SoDB::getSensorManager()->processDelayQueue(TRUE); };
 
         // The components that are not entered stay to the bit; undo brings back the default, too.
         node->scaleFactor = SbVec3f(0.123456789f, 1, 2);
@@ -231,19 +217,19 @@ private Q_SLOTS:
         QVERIFY(node->translation.getValue() == SbVec3f(1.5f, 0, 0) && !node->translation.isDefault());
         m_services->getUndoStack()->undo();
         QVERIFY(node->translation.getValue() == SbVec3f(0, 0, 0) && node->translation.isDefault());
-        process();
+        processSensors();
         QCOMPARE(boxes[0]->value(), 0.0);
 
         // Angles stay as they were entered, others are found for a rotation from elsewhere.
         enter(4, "100\r");
-        process();
+        processSensors();
         QCOMPARE(boxes[4]->value(), 100.0);
         for (const SbVec3f& angles : {SbVec3f(-170, -20, 135), SbVec3f(0, 90, 0), SbVec3f(30, 40, 50)}) {
             SbRotation rotation = SbRotation::identity();
             for (int i = 0; i < 3; ++i)
                 rotation *= SbRotation(SbVec3f(i == 0, i == 1, i == 2), float(angles[i] * M_PI / 180));
             node->rotation = rotation;
-            process();
+            processSensors();
             for (int i = 0; i < 3; ++i)
                 QVERIFY(qAbs(boxes[3 + i]->value() - angles[i]) < 0.001);
         }
@@ -267,7 +253,7 @@ private Q_SLOTS:
         QVERIFY(dock->isHidden() && !dock->widget());
         QCOMPARE(m_services->getUndoStack()->count(), 0);
         node->translation = SbVec3f(0, 0, 0);
-        process();
+        processSensors();
         node->unref();
     }
 
@@ -301,16 +287,6 @@ private:
         auto* profile = new KlvProfile(name);
         m_manager->addProfile(profile);
         return profile->addSetting(extension(active));
-    }
-
-    /// Makes a profile active in which an extension controls all editors; gives the extension's dock.
-    QDockWidget* activateDock(const QString& name)
-    {
-        KlvProfileSetting* setting = addProfile("Test", name);
-        for (KlvExtension* one : m_manager->getExtensions())
-            setting->addControlledExtension(one);
-        m_manager->setActiveProfile(m_manager->getProfilesList().last());
-        return m_shell->window().findChild<QDockWidget*>(name);
     }
 
     KlvPluginsManager* m_manager = KlvPluginsManager::getInstance();

@@ -4,14 +4,7 @@
 #include "EditedField.h"
 #include "FieldEditors/MFWidgets/AccessButtonPrivate.h"
 #include "FieldEditors/MFWidgets/DvMFColorTable.h"
-#include "FieldEditors/MFWidgets/DvMFDefaultFieldWidget.h"
-#include "FieldEditors/MFWidgets/DvMFDoubleWidget.h"
-#include "FieldEditors/MFWidgets/DvMFFloatWidget.h"
-#include "FieldEditors/MFWidgets/DvMFInt32Widget.h"
-#include "FieldEditors/MFWidgets/DvMFShortWidget.h"
-#include "FieldEditors/MFWidgets/DvMFStringWidget.h"
-#include "FieldEditors/MFWidgets/DvMFUInt32Widget.h"
-#include "FieldEditors/MFWidgets/DvMFUShortWidget.h"
+#include "MultiValueWidgets.h"
 #include "TestMain.h"
 
 #include <KlvExtender/SceneGraph/SoFieldText.h>
@@ -19,8 +12,6 @@
 #include <Inventor/VRMLnodes/SoVRMLText.h>
 #include <Inventor/errors/SoReadError.h>
 #include <Inventor/fields/SoFields.h>
-#include <Inventor/nodes/SoLOD.h>
-#include <Inventor/nodes/SoMaterial.h>
 
 #include <QLabel>
 #include <QPushButton>
@@ -52,13 +43,6 @@ const struct
     {make<DvMFDefaultFieldWidget>, "MFString", "\"a\"", 0, "\"a\"", "\"b c\"", "\"b c\""},
     {make<DvMFDefaultFieldWidget>, "MFVec3f", "1 2 3", 0, "1 2 3", "1 2", nullptr},
     {make<DvMFDefaultFieldWidget>, "MFNode", "DEF Box Cube { width 3 }", 0, "Cube \"Box\"", "NULL", "NULL"},
-};
-
-template <typename Editor>
-struct RangeOf : Editor
-{
-    using Editor::Editor;
-    using Editor::m_rangeComponent;
 };
 
 } // namespace
@@ -179,29 +163,6 @@ private Q_SLOTS:
         QCOMPARE(edited.history->count(), changed && isRecorded ? 1 : 0);
         edited.history->undo();
         QCOMPARE(textOf(*field), textOf(changed && !isRecorded ? *expected : *old));
-    }
-
-    void ranges()
-    {
-        auto* root = new SoSeparator;
-        root->ref();
-        auto* material = new SoMaterial;
-        auto* lod = new SoLOD;
-        root->addChild(material);
-        root->addChild(lod);
-        RangeOf<DvMFFloatWidget> floats(nullptr);
-        RangeOf<DvMFDoubleWidget> doubles(nullptr);
-        SoMFDouble field;
-        for (const auto& [accepted, range] :
-             {std::pair(&material->shininess, DvRangeComponent(0.0f, 1.0f, true)),
-              {&lod->range, DvRangeComponent(0.0f, 10.0f, false)}}) {
-            floats.setField(accepted);
-            QVERIFY(floats.m_rangeComponent == range);
-            QVERIFY(!floats.checkField(&field) && floats.m_rangeComponent == range);
-        }
-        doubles.setField(&field);
-        QVERIFY(doubles.m_rangeComponent == DvRangeComponent(0.0, 10.0, false));
-        root->unref();
     }
 
     void ownMeans()

@@ -18,7 +18,6 @@
 #include <Inventor/nodes/SoTransform.h>
 
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QUndoStack>
 
@@ -123,7 +122,7 @@ class tst_Services : public QObject
 private Q_SLOTS:
     void init()
     {
-        QTest::failOnWarning(QRegularExpression(".*"));
+        QTest::failOnWarning(unexpectedWarnings());
         m_services = KlvServices::getInstance();
         m_stack = m_services->getUndoStack();
         m_root = new SoSeparator;
@@ -268,6 +267,7 @@ private Q_SLOTS:
 
     void commandsThatChangeNothingLeaveNoStep()
     {
+        m_material->transparency.setValue(0.25f);
         m_services->setSelectedField(&m_material->transparency);
         edit(0.5f);
         m_services->pushCommand(new TestCommand(&m_material->transparency));
@@ -276,6 +276,9 @@ private Q_SLOTS:
         m_services->pushCommand(new TestCommand(&m_material->transparency));
         QVERIFY(m_stack->canRedo()); // Nor does it cost what could be redone.
         m_services->pushCommand(nullptr);
+        edit(0.75f);
+        edit(0.25f); // Nor does a burst that comes back.
+        QCOMPARE(m_stack->count(), 0);
     }
 
     void editsInQuickSuccessionAreOneStep()
@@ -312,15 +315,6 @@ private Q_SLOTS:
         QCOMPARE(m_stack->text(2), QString("Ignore Material.shininess"));
         m_stack->undo();
         QVERIFY(!m_material->shininess.isIgnored());
-    }
-
-    void aBurstThatComesBackLeavesNoStep()
-    {
-        m_material->transparency.setValue(0.5f);
-        m_services->setSelectedField(&m_material->transparency);
-        edit(0.75f);
-        edit(0.5f);
-        QCOMPARE(m_stack->count(), 0);
     }
 
     void editsOfOneMouseGestureAreOneStep()
