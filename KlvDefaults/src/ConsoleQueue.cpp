@@ -76,6 +76,7 @@ std::deque<ConsoleMessage> ConsoleQueue::take(KlvConsole* console, const QEvent*
         Mail& mail = found->second;
         mail.event = nullptr;
         mail.lines = {};
+        mail.cutAt = {};
         messages.swap(mail.behind);
     }
     messages.push_front(static_cast<const KlvConsole::ConsoleEvent*>(event)->message());
@@ -97,8 +98,10 @@ void ConsoleQueue::append(Mail& mail, ConsoleMessage message)
         mail.behind.push_back(std::move(message));
     }
     // In large steps, so that the cost for each message stays flat.
-    if (lines / 2 > mail.maximumLines)
+    if (lines / 2 > mail.maximumLines && lines > mail.cutAt[kind]) {
         cut(mail, kind);
+        mail.cutAt[kind] = lines + mail.maximumLines;
+    }
 }
 
 /// Drops the oldest messages of a kind that the newest ones would push out of the console.

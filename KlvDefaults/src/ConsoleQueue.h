@@ -46,6 +46,8 @@ private:
         const QEvent* event = nullptr; ///< posted and not yet arrived
         std::deque<ConsoleMessage> behind;
         std::array<int, 3> lines{}; ///< that wait behind the event, by kind
+        std::array<int, 3>
+            cutAt{}; ///< so many of them, so that a cut is paid for by what came since the last
         int maximumLines = 0;
     };
     static void append(Mail& mail, ConsoleMessage message);

@@ -60,7 +60,9 @@ void ConsoleText::appendStreamText(QStringView text, const QColor& color, int st
     beginEdit(color);
     while (!text.isEmpty()) {
         const qsizetype newline = text.indexOf(u'\n');
-        const QStringView line = newline < 0 ? text : text.first(newline);
+        QStringView line = newline < 0 ? text : text.first(newline);
+        if (newline >= 0 && line.endsWith(u'\r'))
+            line.chop(1);
         if (m_openStream != stream)
             beginLine();
         insert(line);
@@ -74,6 +76,7 @@ void ConsoleText::clear()
 {
     endEdit();
     m_view->clear();
+    m_blank = true;
     m_openStream = noStream;
 }
 
@@ -115,8 +118,9 @@ void ConsoleText::endEdit()
 
 void ConsoleText::beginLine()
 {
-    if (!m_view->document()->isEmpty())
+    if (!m_blank)
         m_end.insertBlock(QTextBlockFormat(), m_format);
+    m_blank = false;
     m_lineLength = 0;
 }
 

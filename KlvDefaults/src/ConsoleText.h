@@ -57,6 +57,7 @@ private:
     int m_maximumLines = 1;
     int m_openStream = noStream; ///< whose last line goes on
     int m_lineLength = 0;
+    bool m_blank = true; ///< not even an empty line
     bool m_editing = false;
     bool m_following = true;
 };

@@ -19,6 +19,7 @@
 
 #include <cstdio>
 #include <iostream>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -43,6 +44,20 @@ int kindOf(const SoError& error)
     if (severity == SoDebugError::WARNING)
         return ConsoleMessage::Warning;
     return severity == SoDebugError::INFO ? ConsoleMessage::Information : ConsoleMessage::Error;
+}
+
+/// The length of a UTF-8 text without a character at its end that is still to be continued.
+std::size_t wholeCharacters(std::string_view text)
+{
+    constexpr std::size_t longest = 4;
+    for (std::size_t back = 1; back < longest && back <= text.size(); ++back) {
+        const auto byte = static_cast<unsigned char>(text[text.size() - back]);
+        const bool continues = (byte & 0xC0) == 0x80;
+        const std::size_t length = byte >= 0xF0 ? 4 : byte >= 0xE0 ? 3 : byte >= 0xC0 ? 2 : 1;
+        if (!continues)
+            return length > back ? text.size() - back : text.size();
+    }
+    return text.size();
 }
 
 } // namespace
@@ -73,6 +88,8 @@ KlvConsole::~KlvConsole()
 
 void KlvConsole::load()
 {
+    if (m_dock)
+        return;
     m_dock = new QDockWidget;
     // The host keeps the window's layout by object name.
     m_dock->setObjectName(QStringLiteral("KlvConsole"));
@@ -106,6 +123,8 @@ void KlvConsole::unload()
 
 void KlvConsole::activate()
 {
+    if (!m_dock)
+        return;
     KlvShell* const shell = KlvShell::getInstance();
     if (shell)
         shell->extensionActivated(this, 1);
@@ -172,6 +191,11 @@ void KlvConsole::stopCapture()
     streamed("", 0, ConsoleMessage::Information, m_outputRedirector);
     m_errorRedirector = nullptr;
     m_outputRedirector = nullptr;
+    for (const int kind : {ConsoleMessage::Error, ConsoleMessage::Information}) {
+        const std::string unfinished = std::exchange(m_unfinished[kind], {});
+        if (!unfinished.empty())
+            append({QString::fromStdString(unfinished), kind, ConsoleMessage::StreamText});
+    }
 }
 
 bool KlvConsole::event(QEvent* event)
@@ -218,11 +242,13 @@ void KlvConsole::printInfo(const QString& text)
 
 int KlvConsole::maximumLines() const
 {
-    return m_text->maximumLines();
+    return m_text ? m_text->maximumLines() : defaultMaximumLines;
 }
 
 void KlvConsole::setMaximumLines(int lines)
 {
+    if (!m_text)
+        return;
     m_text->setMaximumLines(lines);
     ConsoleQueue::instance().open(this, m_text->maximumLines());
 }
@@ -270,12 +296,18 @@ void KlvConsole::streamed(const char* text, long length, int kind, StdStreamRedi
 QString KlvConsole::decoded(std::string_view bytes, int kind)
 {
     const std::lock_guard lock(m_decoding);
-    return m_decoders[kind].decode(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    std::string& unfinished = m_unfinished[kind];
+    unfinished += bytes;
+    const std::size_t length = wholeCharacters(unfinished);
+    const QString text = QString::fromUtf8(unfinished.data(), static_cast<qsizetype>(length));
+    unfinished.erase(0, length);
+    return text;
 }
 
 void KlvConsole::clear()
 {
-    m_text->clear();
+    if (m_text)
+        m_text->clear();
 }
 
 void KlvConsole::outputErrors()

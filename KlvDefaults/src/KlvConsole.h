@@ -9,7 +9,6 @@
 #include <QEvent>
 #include <QFrame>
 #include <QPointer>
-#include <QStringDecoder>
 
 #include <memory>
 #include <mutex>
@@ -133,6 +132,6 @@ private:
 
     QPointer<ConsoleText> m_text;
     const std::thread::id m_thread = std::this_thread::get_id();
-    std::mutex m_decoding; ///< guards the decoders, which keep characters that a piece has not finished
-    QStringDecoder m_decoders[2]{QStringDecoder(QStringDecoder::Utf8), QStringDecoder(QStringDecoder::Utf8)};
+    std::mutex m_decoding; ///< guards the bytes of characters that a piece has not finished, by kind
+    std::string m_unfinished[2];
 };

@@ -53,13 +53,11 @@ void KlvProfileSelectorExtension::activate()
     KlvExtension::activate();
     if (!m_comboBox)
         return;
-    KlvPluginsManager* manager = KlvPluginsManager::getInstance();
-    const QList<KlvProfile*>& profiles = manager->getProfilesList();
-    m_comboBox->clear();
-    for (const KlvProfile* profile : profiles)
-        m_comboBox->addItem(nameOf(profile));
-    m_comboBox->setCurrentIndex(int(profiles.indexOf(manager->getActiveProfile())));
+    listProfiles();
     connect(m_comboBox, SIGNAL(currentIndexChanged(int)), this, SLOT(s_currentIndexChanged(int)));
+    KlvPluginsManager* manager = KlvPluginsManager::getInstance();
+    connect(manager, SIGNAL(profilesChanged()), this, SLOT(listProfiles()));
+    connect(manager, SIGNAL(activeProfileChanged(KlvProfile*)), this, SLOT(followActiveProfile(KlvProfile*)));
     if (KlvShell* shell = KlvShell::getInstance()) {
         shell->addToolBar(m_toolBar);
         shell->extensionActivated(this, 1);
@@ -72,6 +70,7 @@ void KlvProfileSelectorExtension::deactivate()
     KlvExtension::deactivate();
     if (m_comboBox)
         disconnect(m_comboBox, SIGNAL(currentIndexChanged(int)), this, SLOT(s_currentIndexChanged(int)));
+    KlvPluginsManager::getInstance()->disconnect(this);
     if (KlvShell* shell = KlvShell::getInstance()) {
         shell->removeToolBar(m_toolBar);
         shell->extensionDeactivated(this);
@@ -90,6 +89,28 @@ void KlvProfileSelectorExtension::hide()
     KlvExtension::hide();
     if (m_toolBar)
         m_toolBar->hide();
+}
+
+void KlvProfileSelectorExtension::listProfiles()
+{
+    if (!m_comboBox)
+        return;
+    const QSignalBlocker silent(m_comboBox);
+    const KlvPluginsManager* manager = KlvPluginsManager::getInstance();
+    const QList<KlvProfile*>& profiles = manager->getProfilesList();
+    m_comboBox->clear();
+    for (const KlvProfile* profile : profiles)
+        m_comboBox->addItem(nameOf(profile));
+    m_comboBox->setCurrentIndex(int(profiles.indexOf(manager->getActiveProfile())));
+}
+
+void KlvProfileSelectorExtension::followActiveProfile(KlvProfile* profile)
+{
+    // A profile that was chosen here is shown already, where the list has grown perhaps.
+    if (!m_comboBox || !profile || m_comboBox->currentText() == nameOf(profile))
+        return;
+    const QSignalBlocker silent(m_comboBox);
+    m_comboBox->setCurrentIndex(m_comboBox->findText(nameOf(profile)));
 }
 
 void KlvProfileSelectorExtension::s_currentIndexChanged(int index)

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QToolBar>
 
+class KlvProfile;
+
 /// A tool bar with a list of the profiles that makes the chosen one active.
 ///
 /// The list is filled when the extension is activated and does not follow later changes of the profiles.
@@ -34,6 +36,12 @@ public Q_SLOTS:
     /// Every profile up to and including that one is listed once more at the end: the list grows with each
     /// choice until the next activation, kept for those who rely on it.
     void s_currentIndexChanged(int index);
+
+private Q_SLOTS:
+    /// Fills the list, at activation and when profiles come, go or are renamed, without choosing one.
+    void listProfiles();
+    /// Shows a profile that was made active elsewhere.
+    void followActiveProfile(KlvProfile* profile);
 
 private:
     QPointer<QToolBar> m_toolBar;

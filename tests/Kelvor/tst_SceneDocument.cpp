@@ -23,9 +23,11 @@ namespace {
 
 const QByteArray inventor("#Inventor V2.1 ascii\n");
 
-void ownHandler(const SoError* error, void*)
+int heardErrors = 0;
+
+void ownHandler(const SoError*, void*)
 {
-    QFAIL(error->getDebugString().getString());
+    ++heardErrors;
 }
 
 } // namespace
@@ -73,6 +75,7 @@ private Q_SLOTS:
                          !m_error.contains('\n'),
                      qPrintable(m_error));
         }
+        QVERIFY(heardErrors >= 3); // Whoever shows errors gets them as well.
         QCOMPARE(m_document->root(), before);
         QCOMPARE(m_document->fileName(), path("good.iv"));
         QCOMPARE(changed.count(), 0);

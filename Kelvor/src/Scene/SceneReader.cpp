@@ -36,7 +36,7 @@ QString readable(const SoError& error)
     return text;
 }
 
-/// Collects the read errors that are posted while it lives.
+/// Collects the read errors that are posted while it lives, beside the handler that was there.
 class ErrorCollector
 {
 public:
@@ -55,10 +55,18 @@ public:
 private:
     static void collect(const SoError* error, void* data)
     {
-        QStringList& errors = static_cast<ErrorCollector*>(data)->errors;
-        if (errors.size() < maxErrors)
-            errors << readable(*error);
+        auto* collector = static_cast<ErrorCollector*>(data);
+        if (collector->errors.size() < maxErrors)
+            collector->errors << readable(*error);
+        // Whoever shows errors gets them too; Coin's own handler would print what is told in a sentence here.
+        if (collector->m_callback && collector->m_callback != Access::defaultHandler())
+            collector->m_callback(error, collector->m_data);
     }
+
+    struct Access : SoError
+    {
+        static SoErrorCB* defaultHandler() { return &SoError::defaultHandlerCB; }
+    };
 
     SoErrorCB* m_callback;
     void* m_data;

@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -60,6 +61,10 @@ void ProfileStore::read()
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll(), &error);
     const QJsonValue profiles = document[profilesKey];
     if (document[formatKey].toInt() == format && profiles.isArray()) {
+        for (const QString& key : document.object().keys()) {
+            if (key != formatKey && key != profilesKey)
+                m_problems << tr("In the file of profiles, \"%1\" is skipped: it is unknown.").arg(key);
+        }
         for (const QJsonValue& value : profiles.toArray()) {
             if (const auto description = ProfileJson::read(value, m_problems))
                 take(*description);
@@ -81,7 +86,10 @@ void ProfileStore::take(const ProfileDescription& description)
     if (same == m_entries.end()) {
         m_entries.append({description, nullptr});
     } else if (same->description.isShipped && !same->description.isChanged()) {
-        // The rule stays the one that is shipped.
+        if (same->description.rule != description.rule)
+            m_problems
+                << tr("The rule \"%1\" of the profile \"%2\" is skipped: it stays the one that is shipped.")
+                       .arg(description.rule, description.name);
         same->description.choices = description.choices;
         same->description.withheld = description.withheld;
     } else {
@@ -94,6 +102,9 @@ QString ProfileStore::replace(QList<Entry> entries, qsizetype active)
     KlvPluginsManager* manager = KlvPluginsManager::getInstance();
     QList<Entry> leaving = std::exchange(m_entries, std::move(entries));
     for (Entry& entry : m_entries) {
+        // Any plug-in may have removed it from the manager.
+        if (!manager->getProfilesList().contains(entry.profile))
+            entry.profile = nullptr;
         leaving.removeIf([&entry](const Entry& old) { return old.profile == entry.profile; });
         const SbString name = fromUtf16(entry.description.name);
         if (entry.profile)

@@ -9,6 +9,13 @@ namespace {
 const QString filesKey = QStringLiteral("plugins/files");
 const QString defaultKey = QStringLiteral("plugins/default");
 
+/// One and the same for a file, whatever links lead to it.
+QString pathOf(const QString& file)
+{
+    const QFileInfo info(file);
+    return info.exists() ? info.canonicalFilePath() : info.absoluteFilePath();
+}
+
 } // namespace
 
 QStringList RememberedPlugins::files() const
@@ -18,7 +25,7 @@ QStringList RememberedPlugins::files() const
 
 void RememberedPlugins::add(const QString& file)
 {
-    const QString path = QFileInfo(file).absoluteFilePath();
+    const QString path = pathOf(file);
     QStringList list = files();
     if (!list.contains(path))
         HostSettings().setValue(filesKey, list << path);
@@ -27,7 +34,8 @@ void RememberedPlugins::add(const QString& file)
 void RememberedPlugins::remove(const QString& file)
 {
     QStringList list = files();
-    if (list.removeAll(QFileInfo(file).absoluteFilePath()))
+    const QString path = pathOf(file);
+    if (list.removeIf([&path](const QString& one) { return pathOf(one) == path; }))
         HostSettings().setValue(filesKey, list);
 }
 
