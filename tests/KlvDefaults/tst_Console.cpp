@@ -145,6 +145,8 @@ private Q_SLOTS:
         QCOMPARE(shown({"a = ", "3", "\n", "", "next"}), QStringLiteral("a = 3\nnext"));
         QCOMPARE(shown({"1\n2\n\n3\n", "4"}), QStringLiteral("1\n2\n\n3\n4"));
         QCOMPARE(shown({"\xe2", "\x82", "\xac\n"}), QStringLiteral("€"));
+        QCOMPARE(shown({"caf\xe9", "\n", "f\xe4", "r"}), QStringLiteral("caf\uFFFD\nf\uFFFDr"));
+        QCOMPARE(shown({"\n\nwin\r\n", "x"}), QStringLiteral("\n\nwin\nx"));
         QCOMPARE(shown({QByteArray(20000, 'x')}).indexOf('\n'), ConsoleText::maximumLineLength);
     }
 
