@@ -26,8 +26,8 @@ Q_DECLARE_OPAQUE_POINTER(SoFieldContainer*)
 /// **History.** Commands restore values as far as their own means go, often text. The history adds typed
 /// copies of the edited field, value, default and ignored flags, from before and after each command, so that
 /// undo and redo are exact: see `pushCommand()`. The copies of "before" come from the selected field, whose
-/// copy is kept fresh while the event loop is idle; that of a large field is made then, too. Whoever
-/// announces a change with a `KlvEditScope` does not depend on it.
+/// copy is kept fresh while the event loop is idle; that of a large field is made then, too, and lists of
+/// more than 4 MiB have none. Whoever announces a change with a `KlvEditScope` does not depend on it.
 ///
 /// The one instance is made on first use and goes with the application object. User-interface thread only.
 class KLV_EXTENDER_EXPORT KlvServices : public QObject
