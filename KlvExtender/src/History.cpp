@@ -80,7 +80,7 @@ bool History::beginScope(SoField& field, const std::optional<ElementRange>& rang
     auto scope = std::make_unique<Scope>();
     // A container that nobody has referenced yet would be deleted with the scope's reference.
     if (field.getContainer() && field.getContainer()->getRefCount() > 0)
-        scope->container = ContainerRef(field.getContainer());
+        scope->container = KlvContainerRef(field.getContainer());
     scope->field = &field;
     scope->text = text;
     if (range && FieldSnapshot::isLarge(field)) {

@@ -49,7 +49,7 @@ protected:
 private:
     struct Scope
     {
-        ContainerRef container;
+        KlvContainerRef container;
         SoField* field;
         std::optional<ElementRange> part; ///< what the copies are of; all of the field without one
         int num = 0;                      ///< the number of elements before

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "ContainerRef.h"
 #include "FieldSnapshot.h"
+
+#include <KlvExtender/KlvContainerRef.h>
 
 #include <QUndoCommand>
 
@@ -55,7 +56,7 @@ private:
     QString describe(const QString& text) const;
 
     // Declared first, released last: commands and copies may point into the container.
-    ContainerRef m_container;
+    KlvContainerRef m_container;
     SoField* m_field;
     std::unique_ptr<KlvCommand> m_first;
     std::unique_ptr<KlvCommand> m_last; ///< null when the step is a single command

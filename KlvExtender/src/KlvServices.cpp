@@ -1,10 +1,11 @@
 #include <KlvExtender/KlvServices.h>
 
-#include "ContainerRef.h"
 #include "History.h"
 #include "SelectedFieldCopy.h"
 
+#include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvCommand.h>
+#include <KlvExtender/KlvContainerRef.h>
 
 #include <Inventor/fields/SoField.h>
 #include <Inventor/fields/SoFieldContainer.h>
@@ -34,7 +35,8 @@ public:
 
     KlvServices* q;
     // The history goes first and the reference to the selected container last.
-    ContainerRef node;
+    KlvContainerRef node;
+    KlvChanges changes;
     SelectedFieldCopy selected;
     History history{selected};
     int generation =
@@ -50,7 +52,7 @@ void KlvServices::Private::select(SoFieldContainer* newNode, SoField* newField)
     if (!nodeChanges && newField == selected.field())
         return;
     const int own = ++generation;
-    const ContainerRef keepNew(newNode);
+    const KlvContainerRef keepNew(newNode);
     const auto announced = qScopeGuard([this] { selected.forgetLeft(); });
     if (nodeChanges) {
         if (selected.field()) {
@@ -60,8 +62,8 @@ void KlvServices::Private::select(SoFieldContainer* newNode, SoField* newField)
                 return;
         }
         // Whoever shows the old container still finds it alive while it is told of the new one.
-        const ContainerRef keepOld(std::exchange(node, ContainerRef(newNode)));
-        heldElsewhere = newNode && ContainerRef::isHeldElsewhere(newNode);
+        const KlvContainerRef keepOld(std::exchange(node, KlvContainerRef(newNode)));
+        heldElsewhere = newNode && KlvContainerRef::isHeldElsewhere(newNode);
         Q_EMIT q->selectedNodeChanged(newNode);
         if (own != generation)
             return;
@@ -84,7 +86,7 @@ void KlvServices::Private::dropIfOrphaned()
 {
     if (!node.get() || dropPosted)
         return;
-    if (ContainerRef::isHeldElsewhere(node.get())) {
+    if (KlvContainerRef::isHeldElsewhere(node.get())) {
         heldElsewhere = true;
         return;
     }
@@ -96,7 +98,7 @@ void KlvServices::Private::dropIfOrphaned()
         q,
         [this] {
             dropPosted = false;
-            if (node.get() && heldElsewhere && !ContainerRef::isHeldElsewhere(node.get()))
+            if (node.get() && heldElsewhere && !KlvContainerRef::isHeldElsewhere(node.get()))
                 select(nullptr, nullptr);
         },
         Qt::QueuedConnection);
@@ -163,6 +165,11 @@ void KlvServices::pushCommand(KlvCommand* command)
 QUndoStack* KlvServices::getUndoStack() const
 {
     return d->history.stack();
+}
+
+KlvChanges* KlvServices::getChanges() const
+{
+    return &d->changes;
 }
 
 void KlvServices::setCopyBudget(qint64 bytes)

@@ -3,6 +3,8 @@
 #include <QList>
 #include <QWidget>
 
+#include <optional>
+
 class SceneTreeModel;
 class SceneTreeView;
 class SoFieldContainer;
@@ -26,6 +28,11 @@ public:
     /// Selects an occurrence by the child indices that lead to it from the root, and scrolls to it. A path
     /// that leads nowhere changes nothing.
     void select(const QList<int>& childPath);
+
+Q_SIGNALS:
+    /// The current row stands for another occurrence, or the way to it has changed: the child indices that
+    /// lead to it from the root; no value when there is no current row.
+    void occurrenceChanged(const std::optional<QList<int>>& childPath);
 
 private:
     void addActions();

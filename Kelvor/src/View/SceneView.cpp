@@ -124,6 +124,8 @@ void SceneView::setRoot(SoNode* root)
     scheduleFrame();
 }
 
+void SceneView::setHighlight(const std::optional<QList<int>>&) {}
+
 QImage SceneView::grabFrame()
 {
     drawFrame();

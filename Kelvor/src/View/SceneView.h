@@ -7,6 +7,7 @@
 
 #include <QElapsedTimer>
 #include <QImage>
+#include <QList>
 #include <QTimer>
 #include <QWidget>
 
@@ -41,6 +42,10 @@ public:
     void setRoot(SoNode* root);
     SoNode* root() const { return m_root; }
 
+    /// Marks one occurrence of a node, given by the child indices that lead to it from the root, with an
+    /// overlay; no value marks nothing. A path that leads nowhere shows nothing.
+    void setHighlight(const std::optional<QList<int>>& childPath);
+
     /// Whether scenes can be drawn here.
     bool canDraw() const { return m_renderer.isValid(); }
     /// The picture of the scene as it is now, in device pixels; null when it cannot be drawn.
@@ -57,6 +62,10 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
+    /// A person has clicked on the scene: the child indices that lead from the root to the shape that was hit.
+    void picked(const QList<int>& childPath);
+    /// A person has clicked beside everything, or pressed Esc: nothing is to be selected.
+    void pickedNothing();
     /// The first picture of a root has been shown, or the sentence that stands for it where nothing can be
     /// drawn.
     void firstFrameDrawn();

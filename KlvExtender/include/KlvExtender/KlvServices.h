@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class KlvChanges;
 class KlvCommand;
 class QUndoStack;
 class SoField;
@@ -61,6 +62,8 @@ public:
     void pushCommand(KlvCommand* command);
     /// The history. Owned by this object.
     QUndoStack* getUndoStack() const;
+    /// What has been changed since the scene was opened. Owned by this object.
+    KlvChanges* getChanges() const;
 
     /// Bytes that the history's copies may take (256 MiB at first). Beyond it the oldest copies are let go,
     /// and the commands' own undo remains; a field that is larger than the budget is not copied at all.

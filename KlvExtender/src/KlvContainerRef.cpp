@@ -1,4 +1,4 @@
-#include "ContainerRef.h"
+#include <KlvExtender/KlvContainerRef.h>
 
 #include <Inventor/fields/SoFieldContainer.h>
 
@@ -16,7 +16,7 @@ QHash<const SoFieldContainer*, int>& ownReferences()
 
 } // namespace
 
-ContainerRef::ContainerRef(SoFieldContainer* container)
+KlvContainerRef::KlvContainerRef(SoFieldContainer* container)
     : m_container(container)
 {
     if (m_container) {
@@ -25,28 +25,41 @@ ContainerRef::ContainerRef(SoFieldContainer* container)
     }
 }
 
-ContainerRef::~ContainerRef()
+KlvContainerRef::~KlvContainerRef()
 {
     if (!m_container)
         return;
     auto own = ownReferences().find(m_container);
     if (--own.value() == 0)
         ownReferences().erase(own);
-    m_container->unref();
+    if (m_owns)
+        m_container->unref();
 }
 
-ContainerRef::ContainerRef(ContainerRef&& other) noexcept
+KlvContainerRef::KlvContainerRef(KlvContainerRef&& other) noexcept
     : m_container(std::exchange(other.m_container, nullptr))
+    , m_owns(other.m_owns)
 {
 }
 
-ContainerRef& ContainerRef::operator=(ContainerRef&& other) noexcept
+KlvContainerRef& KlvContainerRef::operator=(KlvContainerRef&& other) noexcept
 {
     std::swap(m_container, other.m_container);
+    std::swap(m_owns, other.m_owns);
     return *this;
 }
 
-bool ContainerRef::isHeldElsewhere(const SoFieldContainer* container)
+KlvContainerRef KlvContainerRef::countingOther(SoFieldContainer* container)
+{
+    KlvContainerRef counted;
+    counted.m_container = container;
+    counted.m_owns = false;
+    if (container)
+        ++ownReferences()[container];
+    return counted;
+}
+
+bool KlvContainerRef::isHeldElsewhere(const SoFieldContainer* container)
 {
     return container->getRefCount() > ownReferences().value(container);
 }

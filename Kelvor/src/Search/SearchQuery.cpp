@@ -1,0 +1,1 @@
+#include "Search/SearchQuery.h"

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <KlvExtender/KlvExtenderExport.h>
+
+#include <QList>
+#include <QObject>
+
+#include <memory>
+
+class SoField;
+
+/// What has been changed through the history since the scene was opened: every edited field that is not as
+/// it was then, with a typed copy of what it was.
+///
+/// Only what passes through `KlvServices::pushCommand()` counts, so fields that the application or its
+/// engines change are not listed. The list outlives the history: it stays when that is cleared. A field that
+/// is as it was again, by undo or otherwise, is no longer listed. The containers of listed fields are
+/// referenced. User-interface thread only; owned by `KlvServices`.
+class KLV_EXTENDER_EXPORT KlvChanges : public QObject
+{
+    Q_OBJECT
+
+public:
+    ~KlvChanges() override;
+
+    /// The changed fields in the order in which they were first changed.
+    QList<SoField*> getFields() const;
+    /// Constant time, so that it can be asked for every field of a large scene.
+    bool isChanged(const SoField* field) const;
+    /// The field as it was, a field of its own without a container, default and ignored flags included; null
+    /// when it is not listed or its value was too large to be kept. Valid until the next `changed()`.
+    SoField* getOriginal(const SoField* field) const;
+
+    /// Makes fields what they were, as one step of the history. Those that are not listed, and those whose
+    /// original was not kept, stay as they are.
+    void revert(const QList<SoField*>& fields);
+
+    /// From now on what the fields are counts as the original: forgets all changes.
+    void restart();
+
+Q_SIGNALS:
+    /// The list, or a value of a listed field, has changed through the history. Sent once for many changes,
+    /// when the event loop comes round.
+    void changed();
+
+private:
+    KlvChanges();
+
+    friend class KlvServices;
+    class Private;
+    std::unique_ptr<Private> d;
+};
