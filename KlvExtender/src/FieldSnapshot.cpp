@@ -1,5 +1,6 @@
 #include "FieldSnapshot.h"
 
+#include "SceneGraph/FieldAccess.h"
 #include "SceneGraph/FieldBits.h"
 #include "SceneGraph/FieldChange.h"
 
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace {
 
@@ -42,6 +44,7 @@ std::shared_ptr<FieldSnapshot> FieldSnapshot::take(const SoField& field, qint64 
         return nullptr;
     std::unique_ptr<SoField> copy(static_cast<SoField*>(field.getTypeId().createInstance()));
     copyFieldValue(*copy, field);
+    FieldAccess::copyEnumTable(*copy, field);
     std::shared_ptr<FieldSnapshot> snapshot(new FieldSnapshot(std::move(copy), field));
     snapshot->addBytes(bytes);
     return snapshot;
@@ -81,7 +84,8 @@ FieldSnapshot::FieldSnapshot(std::unique_ptr<SoField> copy, const SoField& field
 
 FieldSnapshot::~FieldSnapshot()
 {
-    g_totalBytes -= m_bytes;
+    if (!m_exempt)
+        g_totalBytes -= m_bytes;
 }
 
 bool FieldSnapshot::haveSameScope(const Ptr& a, const Ptr& b)
@@ -96,14 +100,14 @@ bool FieldSnapshot::haveSameScope(const Ptr& a, const Ptr& b)
 
 bool FieldSnapshot::matches(const SoField& field) const
 {
-    return m_default == bool(field.isDefault()) && m_ignored == bool(field.isIgnored()) &&
-           hasSameValue(field);
+    return bool(m_copy->isDefault()) == bool(field.isDefault()) &&
+           bool(m_copy->isIgnored()) == bool(field.isIgnored()) && hasSameValue(field);
 }
 
 void FieldSnapshot::restore(SoField& field) const
 {
     // The flags first: auditors that look at the field during its notification see it whole.
-    field.setIgnored(m_ignored);
+    field.setIgnored(m_copy->isIgnored());
     if (!hasSameValue(field)) {
         if (isPart())
             restoreElements(static_cast<SoMField&>(field));
@@ -111,7 +115,7 @@ void FieldSnapshot::restore(SoField& field) const
             copyFieldValue(field, *m_copy);
     }
     // Copying a value clears the flag.
-    field.setDefault(m_default);
+    field.setDefault(m_copy->isDefault());
 }
 
 void FieldSnapshot::update(const SoMField& field, ElementRange changed)
@@ -135,6 +139,12 @@ void FieldSnapshot::update(const SoMField& field, ElementRange changed)
 qint64 FieldSnapshot::totalBytes()
 {
     return g_totalBytes;
+}
+
+void FieldSnapshot::exempt() const
+{
+    if (!std::exchange(m_exempt, true))
+        g_totalBytes -= m_bytes;
 }
 
 ElementRange FieldSnapshot::part() const
@@ -166,12 +176,13 @@ void FieldSnapshot::restoreElements(SoMField& field) const
 
 void FieldSnapshot::takeFlags(const SoField& field)
 {
-    m_default = field.isDefault();
-    m_ignored = field.isIgnored();
+    m_copy->setIgnored(field.isIgnored());
+    m_copy->setDefault(field.isDefault());
 }
 
 void FieldSnapshot::addBytes(qint64 bytes)
 {
     m_bytes += bytes;
-    g_totalBytes += bytes;
+    if (!m_exempt)
+        g_totalBytes += bytes;
 }

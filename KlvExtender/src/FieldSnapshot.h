@@ -50,9 +50,15 @@ public:
     /// Brings a copy of a whole field up to date that nobody shares, after changes to no other elements than
     /// those in `changed`, which the change of their number, if any, has moved.
     void update(const SoMField& field, ElementRange changed);
+    /// The value as it was, in a field without a container that has the flags and the names of an enumeration
+    /// too.
+    SoField& value() const { return *m_copy; }
     /// Bytes that this copy takes.
     qint64 bytes() const { return m_bytes; }
-    /// Bytes that all copies of the process take.
+    /// Takes the bytes of this copy out of the sum: it is kept for another purpose than the steps that may
+    /// share it.
+    void exempt() const;
+    /// Bytes that all copies of the process take, but for those that are exempt.
     static qint64 totalBytes();
 
 private:
@@ -68,7 +74,6 @@ private:
     std::unique_ptr<SoField> m_copy;
     int m_begin = -1; ///< of a part: its first element
     int m_num = 0;    ///< of a part: the number of all elements
-    bool m_default = false;
-    bool m_ignored = false;
     qint64 m_bytes = 0;
+    mutable bool m_exempt = false;
 };

@@ -2,6 +2,7 @@
 
 #include "SelectedFieldCopy.h"
 
+#include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvCommand.h>
 #include <KlvExtender/KlvGuarded.h>
 
@@ -13,9 +14,49 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <limits>
 
-History::History(SelectedFieldCopy& selected)
+namespace {
+
+/// Keeps what it replaces: a field may have grown so large that the history has no copy of it.
+class RevertCommand : public KlvCommand
+{
+public:
+    RevertCommand(SoField& field, FieldSnapshot::Ptr before, FieldSnapshot::Ptr original)
+        : KlvCommand(&field, Kind::Action, QCoreApplication::translate("KlvServices", "Revert %1"))
+        , m_before(std::move(before))
+        , m_original(std::move(original))
+    {
+    }
+
+    void execute() override { m_original->restore(*getField()); }
+    void undo() override
+    {
+        if (m_before)
+            m_before->restore(*getField());
+    }
+    void redo() override { execute(); }
+
+private:
+    FieldSnapshot::Ptr m_before;
+    FieldSnapshot::Ptr m_original;
+};
+
+/// Lets go of the copies of a command, or of all commands of a macro.
+void dropCopies(const QUndoCommand* command)
+{
+    // Plug-ins may have pushed commands of their own.
+    if (const auto* step = dynamic_cast<const HistoryStep*>(command))
+        const_cast<HistoryStep*>(step)->dropCopies();
+    for (int i = 0; i < command->childCount(); ++i)
+        dropCopies(command->child(i));
+}
+
+} // namespace
+
+History::History(SelectedFieldCopy& selected, KlvChanges& changes)
     : m_selected(selected)
+    , m_changes(changes)
 {
     s_current = this;
     if (auto* application = QCoreApplication::instance())
@@ -23,16 +64,22 @@ History::History(SelectedFieldCopy& selected)
     // Any walk through the history ends the burst of edits before it, and the next edit starts from where it
     // led.
     connect(&m_stack, &QUndoStack::indexChanged, this, [this] {
-        if (!m_pushing) {
-            ++m_epoch;
-            m_selected.settle();
-        }
+        if (!m_pushing)
+            walked();
     });
 }
 
 History::~History()
 {
     s_current = nullptr;
+}
+
+void History::walked()
+{
+    ++m_epoch;
+    m_selected.settle();
+    for (const SoField* field : std::exchange(m_replayed, {}))
+        m_changes.compare(field);
 }
 
 void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* container)
@@ -70,7 +117,7 @@ void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* contai
     step.container = field ? field->getContainer() : container;
     step.before = before;
     step.after = after;
-    record(std::move(step));
+    record(std::move(step), before);
 }
 
 bool History::beginScope(SoField& field, const std::optional<ElementRange>& range, const QString& text)
@@ -88,6 +135,8 @@ bool History::beginScope(SoField& field, const std::optional<ElementRange>& rang
         const int begin = std::clamp(range->begin, 0, scope->num);
         scope->part = ElementRange{begin, std::clamp(range->end, begin, scope->num)};
         scope->before = FieldSnapshot::take(static_cast<SoMField&>(field), *scope->part, m_budget);
+        if (m_changes.needsOriginal(field))
+            scope->original = FieldSnapshot::take(field, m_budget);
     } else {
         const FieldSnapshot::Ptr selected = m_selected.of(&field);
         scope->before =
@@ -124,16 +173,59 @@ void History::endScope()
     step.before = scope->before;
     step.after = after;
     step.text = scope->text;
-    record(std::move(step));
+    record(std::move(step), scope->part ? scope->original : scope->before);
 }
 
-void History::record(HistoryStep::Record step)
+void History::record(HistoryStep::Record step, const FieldSnapshot::Ptr& original)
 {
+    if (step.field) {
+        m_changes.keepOriginal(*step.field, original);
+        m_changes.compare(step.field);
+    }
     step.gesture = m_gesture;
     step.epoch = m_epoch;
     const QScopedValueRollback<bool> pushing(m_pushing, true);
     m_stack.push(new HistoryStep(std::move(step)));
     keepWithinBudget();
+}
+
+void History::revert(const std::vector<std::pair<SoField*, FieldSnapshot::Ptr>>& fields)
+{
+    const QScopedValueRollback<bool> pushing(m_pushing, true);
+    const bool several = fields.size() > 1;
+    if (several)
+        m_stack.beginMacro(QCoreApplication::translate("KlvServices", "Revert %1 fields").arg(fields.size()));
+    for (const auto& [field, original] : fields)
+        revert(*field, original);
+    if (several)
+        m_stack.endMacro();
+    keepWithinBudget();
+}
+
+void History::revert(SoField& field, const FieldSnapshot::Ptr& original)
+{
+    const FieldSnapshot::Ptr selected = m_selected.of(&field);
+    const FieldSnapshot::Ptr before = selected && selected->matches(field)
+                                          ? selected
+                                          : FieldSnapshot::take(field, std::numeric_limits<qint64>::max());
+    if (before)
+        before->exempt();
+    HistoryStep::Record step;
+    step.command = std::make_unique<RevertCommand>(field, before, original);
+    step.command->execute();
+    m_selected.settle();
+    step.field = &field;
+    step.container = field.getContainer();
+    step.before = before;
+    step.after = original;
+    record(std::move(step), nullptr);
+}
+
+void History::aboutToReplay(SoField& field)
+{
+    if (m_changes.needsOriginal(field))
+        m_changes.keepOriginal(field, FieldSnapshot::take(field, m_budget));
+    m_replayed.insert(&field);
 }
 
 void History::setCopyBudget(qint64 bytes)
@@ -165,9 +257,6 @@ bool History::eventFilter(QObject* watched, QEvent* event)
 
 void History::keepWithinBudget()
 {
-    for (int i = 0; i < m_stack.count() && FieldSnapshot::totalBytes() > m_budget; ++i) {
-        // Plug-ins may have pushed commands of their own, macros for example.
-        if (const auto* step = dynamic_cast<const HistoryStep*>(m_stack.command(i)))
-            const_cast<HistoryStep*>(step)->dropCopies();
-    }
+    for (int i = 0; i < m_stack.count() && FieldSnapshot::totalBytes() > m_budget; ++i)
+        dropCopies(m_stack.command(i));
 }

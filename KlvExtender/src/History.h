@@ -9,20 +9,24 @@
 
 #include <memory>
 #include <optional>
+#include <unordered_set>
+#include <utility>
+#include <vector>
 
+class KlvChanges;
 class KlvCommand;
 class SelectedFieldCopy;
 class SoFieldContainer;
 
-/// Takes executed commands into an undo stack, joins what belongs together and keeps the copies within their
-/// budget.
+/// Takes executed commands into an undo stack, joins what belongs together, keeps the copies within their
+/// budget, and tells the list of changes which fields it changes.
 class History : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Works with the copy of the selected field, which must outlive it.
-    explicit History(SelectedFieldCopy& selected);
+    /// Works with the copy of the selected field and the list of changes, which must outlive it.
+    History(SelectedFieldCopy& selected, KlvChanges& changes);
     ~History() override;
 
     /// The one that exists, or null.
@@ -38,6 +42,12 @@ public:
     bool beginScope(SoField& field, const std::optional<ElementRange>& range, const QString& text);
     /// Ends it and records the commands of the field that were pushed meanwhile as one step.
     void endScope();
+
+    /// Makes fields what they were when copies were taken, as one step that can always be undone.
+    void revert(const std::vector<std::pair<SoField*, FieldSnapshot::Ptr>>& fields);
+
+    /// To be called by a step before it changes its field.
+    void aboutToReplay(SoField& field);
 
     void setCopyBudget(qint64 bytes);
     qint64 copyBudget() const { return m_budget; }
@@ -55,14 +65,20 @@ private:
         int num = 0;                      ///< the number of elements before
         QString text;
         FieldSnapshot::Ptr before;
+        FieldSnapshot::Ptr original; ///< of all of the field, where the list of changes has none yet
         std::unique_ptr<KlvCommand> first;
         std::unique_ptr<KlvCommand> last; ///< null for one command
     };
 
-    void record(HistoryStep::Record step);
+    /// `original` is a copy of the whole field from before the step, as far as there is one.
+    void record(HistoryStep::Record step, const FieldSnapshot::Ptr& original);
+    void revert(SoField& field, const FieldSnapshot::Ptr& original);
+    void walked();
     void keepWithinBudget();
 
     SelectedFieldCopy& m_selected;
+    KlvChanges& m_changes;
+    std::unordered_set<const SoField*> m_replayed; ///< since the last walk through the history
     QUndoStack m_stack;
     qint64 m_budget = qint64(256) << 20;
     int m_gesture = 0;       ///< 0 while no button is held

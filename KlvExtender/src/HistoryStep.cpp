@@ -1,5 +1,7 @@
 #include "HistoryStep.h"
 
+#include "History.h"
+
 #include <KlvExtender/KlvCommand.h>
 #include <KlvExtender/KlvGuarded.h>
 
@@ -95,6 +97,8 @@ void HistoryStep::replay(Direction direction)
     const FieldSnapshot::Ptr& source = undoing ? m_after : m_before;
     const FieldSnapshot::Ptr& target = undoing ? m_before : m_after;
     KlvCommand& command = undoing || !m_last ? *m_first : *m_last;
+    if (m_field)
+        History::current()->aboutToReplay(*m_field);
 
     const bool asLeft = m_field && source && source->matches(*m_field);
     const FieldSnapshot::Ptr current = m_field && target && !asLeft ? target->takeAlike(*m_field) : nullptr;

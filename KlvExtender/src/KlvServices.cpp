@@ -38,7 +38,7 @@ public:
     KlvContainerRef node;
     KlvChanges changes;
     SelectedFieldCopy selected;
-    History history{selected};
+    History history{selected, changes};
     int generation =
         0; ///< counts selections: a slot that selects something else ends the announcement under way
     bool heldElsewhere =

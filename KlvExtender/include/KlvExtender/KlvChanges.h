@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class FieldSnapshot;
 class SoField;
 
 /// What has been changed through the history since the scene was opened: every edited field that is not as
@@ -14,8 +15,9 @@ class SoField;
 ///
 /// Only what passes through `KlvServices::pushCommand()` counts, so fields that the application or its
 /// engines change are not listed. The list outlives the history: it stays when that is cleared. A field that
-/// is as it was again, by undo or otherwise, is no longer listed. The containers of listed fields are
-/// referenced. User-interface thread only; owned by `KlvServices`.
+/// is as it was again, by undo or otherwise, is no longer listed; edited once more, it is compared with the
+/// same original. The containers of all these fields are referenced until `restart()`; fields without a
+/// container are not listed. User-interface thread only; owned by `KlvServices`.
 class KLV_EXTENDER_EXPORT KlvChanges : public QObject
 {
     Q_OBJECT
@@ -46,6 +48,14 @@ Q_SIGNALS:
 private:
     KlvChanges();
 
+    // What the history tells. It asks for an original before it makes its first change to a field.
+    bool needsOriginal(const SoField& field) const;
+    void keepOriginal(SoField& field, const std::shared_ptr<const FieldSnapshot>& original);
+    /// Looks whether a field is as it was. Only the address counts unless there is an original.
+    void compare(const SoField* field);
+    void announce();
+
+    friend class History;
     friend class KlvServices;
     class Private;
     std::unique_ptr<Private> d;

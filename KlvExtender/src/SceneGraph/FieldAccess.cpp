@@ -1,8 +1,11 @@
 #include "FieldAccess.h"
 
 #include <Inventor/SoInput.h>
-#include <Inventor/fields/SoMField.h>
+#include <Inventor/fields/SoMFEnum.h>
+#include <Inventor/fields/SoSFEnum.h>
 #include <Inventor/misc/SoNotRec.h>
+
+#include <vector>
 
 namespace {
 
@@ -19,6 +22,21 @@ struct MultiFieldMembers : SoMField
     static constexpr auto notRec() { return &MultiFieldMembers::createNotRec; }
     static constexpr auto size() { return &MultiFieldMembers::fieldSizeof; }
 };
+
+template <class EnumField>
+void copyTable(SoField& target, const SoField& source)
+{
+    if (!source.isOfType(EnumField::getClassTypeId()))
+        return;
+    const auto& from = static_cast<const EnumField&>(source);
+    if (!FieldAccess::takesNamesOnly(from))
+        return;
+    std::vector<SbName> names(static_cast<std::size_t>(from.getNumEnums()));
+    std::vector<int> values;
+    for (int i = 0; i < from.getNumEnums(); ++i)
+        values.push_back(from.getEnum(i, names[static_cast<std::size_t>(i)]));
+    static_cast<EnumField&>(target).setEnums(from.getNumEnums(), values.data(), names.data());
+}
 
 } // namespace
 
@@ -46,4 +64,10 @@ int FieldAccess::elementSize(const SoMField& field)
 bool FieldAccess::readValue(SoField& field, SoInput& in)
 {
     return (field.*FieldMembers::read())(&in);
+}
+
+void FieldAccess::copyEnumTable(SoField& target, const SoField& source)
+{
+    copyTable<SoSFEnum>(target, source);
+    copyTable<SoMFEnum>(target, source);
 }

@@ -27,6 +27,10 @@ int elementSize(const SoMField& field);
 /// Reads the bare value, without the marks for connections and ignored fields that may follow it in a file.
 bool readValue(SoField& field, SoInput& in);
 
+/// Gives an enumeration the names of another field of its type: copying a field does not always copy them.
+/// Does nothing for other kinds.
+void copyEnumTable(SoField& target, const SoField& source);
+
 /// True when a single- or multi-value enumeration takes only the names of its table. (A field of a node type
 /// that the process does not know has none.)
 template <class EnumField>

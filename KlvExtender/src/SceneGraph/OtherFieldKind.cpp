@@ -7,31 +7,13 @@
 #include "TextScanner.h"
 
 #include <Inventor/SoInput.h>
-#include <Inventor/fields/SoMFEnum.h>
-#include <Inventor/fields/SoSFEnum.h>
+#include <Inventor/fields/SoMField.h>
 
 #include <algorithm>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace {
-
-/// Enumerations need their table to read a text, and copying a field does not always copy it.
-template <class EnumField>
-void copyTable(SoField& target, const SoField& source)
-{
-    if (!source.isOfType(EnumField::getClassTypeId()))
-        return;
-    const auto& from = static_cast<const EnumField&>(source);
-    if (!FieldAccess::takesNamesOnly(from))
-        return;
-    std::vector<SbName> names(static_cast<std::size_t>(from.getNumEnums()));
-    std::vector<int> values;
-    for (int i = 0; i < from.getNumEnums(); ++i)
-        values.push_back(from.getEnum(i, names[static_cast<std::size_t>(i)]));
-    static_cast<EnumField&>(target).setEnums(from.getNumEnums(), values.data(), names.data());
-}
 
 /// A field of the type with the value that the text stands for, or null.
 std::unique_ptr<SoField> readScratch(const SoField& field, std::string_view text)
@@ -39,8 +21,7 @@ std::unique_ptr<SoField> readScratch(const SoField& field, std::string_view text
     if (!field.getTypeId().canCreateInstance())
         return nullptr;
     std::unique_ptr<SoField> scratch(static_cast<SoField*>(field.getTypeId().createInstance()));
-    copyTable<SoSFEnum>(*scratch, field);
-    copyTable<SoMFEnum>(*scratch, field);
+    FieldAccess::copyEnumTable(*scratch, field);
 
     const ReadErrorSilencer silencer;
     std::string buffer(1, ' ');

@@ -8,6 +8,8 @@
 
 #include <Inventor/SoPath.h>
 #include <Inventor/engines/SoEngine.h>
+#include <Inventor/nodekits/SoBaseKit.h>
+#include <Inventor/nodekits/SoNodekitCatalog.h>
 #include <Inventor/nodes/SoNode.h>
 
 #include <algorithm>
@@ -28,7 +30,7 @@ public:
             const FieldChange change(base);
             return true;
         }
-        ReferenceText reader(text, Object::getClassTypeId());
+        ReferenceText reader(text, acceptedType(field));
         if (!(isMultiField<Field> ? reader.readList() : reader.readOne()))
             return false;
         const std::vector<Element> objects = reader.template objects<Object>();
@@ -79,6 +81,18 @@ public:
     }
 
 private:
+    /// A node kit makes parts of nodes of other types than its catalog says without looking, and crashes.
+    static SoType acceptedType(const Field& field)
+    {
+        const SoFieldContainer* container = field.getContainer();
+        SbName name;
+        if (!container || !container->isOfType(SoBaseKit::getClassTypeId()) ||
+            !container->getFieldName(&field, name))
+            return Object::getClassTypeId();
+        const SoNodekitCatalog* catalog = static_cast<const SoBaseKit*>(container)->getNodekitCatalog();
+        const int part = catalog->getPartNumber(name);
+        return part < 0 ? Object::getClassTypeId() : catalog->getType(part);
+    }
     /// Replaces a whole list. Only from empty does it count its references right.
     static void setAll(Field& field, const std::vector<Element>& objects)
     {
