@@ -9,10 +9,12 @@
 #include <Inventor/actions/SoGLRenderAction.h>
 #include <Inventor/nodes/SoCallback.h>
 #include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/nodes/SoSwitch.h>
 #include <Inventor/nodes/SoTranslation.h>
 
 #include <QAction>
 #include <QOpenGLFunctions>
+#include <QProxyStyle>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QWheelEvent>
@@ -33,6 +35,17 @@ const char* const withCamera = "Separator { RotationXYZ { axis Y angle 0.7 } Sca
                                " Separator { DEF Cam PerspectiveCamera { position 0 0 5 heightAngle 0.6 }"
                                " Material { diffuseColor 1 0 0 } Cube {} } }";
 
+// The same cube to the left and to the right; a kit and an inlined shape above and below.
+const char* const occurrences =
+    "Separator { PerspectiveCamera { position 0 0 20 } Material { diffuseColor 1 0 0 }"
+    " Separator { Translation { translation -4 0 0 }"
+    " Switch { whichChild 0 DEF Shared Separator { RotationXYZ { axis Z angle 0.5 } Cube {} } } }"
+    " Separator { Translation { translation 4 0 0 } USE Shared }"
+    " ShapeKit { transform Transform { translation 0 4 0 } shape Sphere {} }"
+    " Separator { Translation { translation 0 -4 0 } PickStyle { style UNPICKABLE }"
+    " VRMLShape { appearance VRMLAppearance { material VRMLMaterial {} } geometry VRMLBox {} } }"
+    " Separator { DrawStyle { style INVISIBLE } Cube {} } }";
+
 QByteArray textOf(SoNode* root)
 {
     const QTemporaryDir folder;
@@ -47,13 +60,39 @@ bool isRed(QRgb pixel)
     return qRed(pixel) > 8 && qRed(pixel) > 2 * qGreen(pixel) && qRed(pixel) > 2 * qBlue(pixel);
 }
 
+QRect where(const QImage& image, const std::function<bool(QRgb)>& matches)
+{
+    QRect found;
+    for (int i = 0; i < image.width() * image.height(); ++i)
+        if (matches(image.pixel(i % image.width(), i / image.width())))
+            found |= QRect(i % image.width(), i / image.width(), 1, 1);
+    return found;
+}
+
 QRect redIn(const QImage& image)
 {
-    QRect red;
-    for (int i = 0; i < image.width() * image.height(); ++i)
-        if (isRed(image.pixel(i % image.width(), i / image.width())))
-            red |= QRect(i % image.width(), i / image.width(), 1, 1);
-    return red;
+    return where(image, isRed);
+}
+
+/// The mark is as green as its pen, or half as green where it is faint or thin.
+QRect markIn(const QImage& image)
+{
+    return where(image, [](QRgb pixel) { return qGreen(pixel) > 1.5 * std::max(qRed(pixel), qBlue(pixel)); });
+}
+
+/// Flights are over at once.
+struct Calm : QProxyStyle
+{
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override
+    {
+        return hint == SH_Widget_Animation_Duration ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
+
+QPoint onScreen(QPointF point) // of the plane z = 0, as the camera of `occurrences` shows it
+{
+    return (QPointF(200, 150) + QPointF(point.x(), -point.y()) * 150 / (20 * std::tan(M_PI / 8))).toPoint();
 }
 
 } // namespace
@@ -65,6 +104,7 @@ class tst_SceneView : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { QApplication::setStyle(new Calm); }
     void init() { QTest::failOnWarning(QRegularExpression(".*")); }
     void cleanup()
     {
@@ -93,7 +133,7 @@ private Q_SLOTS:
     void drawsWhatIsInFront()
     {
         show(cubes);
-        QVERIFY(!m_view->lookThroughSceneCameraAction()->isEnabled());
+        QVERIFY(!m_view->viewActions().lookThrough->isEnabled());
         const QImage image = picture();
         const QRect red = redIn(image);
         QVERIFY(isRed(image.pixel(red.center())) && red.width() > 50 && red.width() < 300);
@@ -101,6 +141,15 @@ private Q_SLOTS:
         const QImage shown = m_view->grab().toImage().convertToFormat(QImage::Format_RGB32);
         QCOMPARE(shown.copy(4, 4, 300, 200), image.copy(4, 4, 300, 200));
         QVERIFY(shown.pixel(0, 150) != image.pixel(0, 150));
+    }
+
+    void keepsColorsOfLitShapesBesideUnlitOnes()
+    {
+        show("Separator { Material { diffuseColor 1 0 0 } Cube {}"
+             " LightModel { model BASE_COLOR } Translation { translation 9 0 0 } Cube {} }");
+        const QRect red = redIn(picture());
+        m_root->touch();
+        QCOMPARE(redIn(picture()), red);
     }
 
     void navigates_data()
@@ -120,12 +169,11 @@ private Q_SLOTS:
         QTest::newRow("seek") << Action([this] {
             QTest::mouseDClick(m_view.get(), Qt::LeftButton, {}, {200, 150});
         });
-        for (const Qt::Key key :
-             {Qt::Key_Left, Qt::Key_Up, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Home, Qt::Key_A})
+        for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_A})
             QTest::newRow(qPrintable(QKeySequence(key).toString()))
                 << Action([=, this] { QTest::keyClick(m_view.get(), key); });
-        QTest::newRow("headlight") << Action([this] { m_view->headlightAction()->trigger(); });
-        QTest::newRow("orthographic") << Action([this] { m_view->orthographicAction()->trigger(); });
+        QTest::newRow("headlight") << Action([this] { m_view->viewActions().headlight->trigger(); });
+        QTest::newRow("orthographic") << Action([this] { m_view->viewActions().orthographic->trigger(); });
     }
 
     void navigates()
@@ -136,11 +184,11 @@ private Q_SLOTS:
         const QImage before = picture();
         QSignalSpy frames(m_view.get(), &SceneView::frameDrawn);
         QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, QPoint(200, 150)); // by itself no motion
-        QVERIFY(m_view->lookThroughSceneCameraAction()->isChecked());
+        QVERIFY(m_view->viewActions().lookThrough->isChecked());
         action();
         QTRY_VERIFY(frames.count() > 0); // by itself
         QVERIFY(picture() != before);
-        QVERIFY(!redIn(picture()).isEmpty() || !m_view->headlightAction()->isChecked());
+        QVERIFY(!redIn(picture()).isEmpty() || !m_view->viewActions().headlight->isChecked());
         QCOMPARE(textOf(m_root), graph);
     }
 
@@ -148,9 +196,9 @@ private Q_SLOTS:
     {
         show(smallCubes);
         for (const bool orthographic : {false, true}) {
-            m_view->orthographicAction()->setChecked(!orthographic);
-            m_view->orthographicAction()->trigger();
-            m_view->viewAllAction()->trigger();
+            m_view->viewActions().orthographic->setChecked(!orthographic);
+            m_view->viewActions().orthographic->trigger();
+            m_view->viewActions().viewAll->trigger();
             const QRect before = redIn(picture());
             drag(Qt::MiddleButton, {}, before.center(), before.center() + QPoint(40, -30));
             const QPoint moved = redIn(picture()).center() - before.center();
@@ -158,10 +206,157 @@ private Q_SLOTS:
         }
     }
 
+    void selectsTheOccurrenceThatIsClicked_data()
+    {
+        QTest::addColumn<QPointF>("at");
+        QTest::addColumn<QList<int>>("childPath"); // nothing when empty
+        QTest::newRow("left") << QPointF(-4, 0) << QList<int>{2, 1, 0, 1};
+        QTest::newRow("right") << QPointF(4, 0) << QList<int>{3, 1, 1};
+        QTest::newRow("edge") << QPointF(-4 - 1.3, 0.55) << QList<int>{2, 1, 0, 1};
+        QTest::newRow("beside its edge") << QPointF(-4 - 1.1, 1.1) << QList<int>{};
+        QTest::newRow("in a kit") << QPointF(0, 4) << QList<int>{4, 0, 1, 0};
+        QTest::newRow("not for picking") << QPointF(0, -4) << QList<int>{5, 2, 1};
+        QTest::newRow("invisible") << QPointF(0, 0) << QList<int>{};
+    }
+
+    void selectsTheOccurrenceThatIsClicked()
+    {
+        QFETCH(QPointF, at);
+        QFETCH(QList<int>, childPath);
+        show(occurrences);
+        QSignalSpy picked(m_view.get(), &SceneView::picked);
+        QSignalSpy nothing(m_view.get(), &SceneView::pickedNothing);
+        QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, onScreen(at));
+        QCOMPARE(picked.count(), childPath.isEmpty() ? 0 : 1);
+        QCOMPARE(nothing.count(), childPath.isEmpty() ? 1 : 0);
+        if (!childPath.isEmpty())
+            QCOMPARE(picked[0][0].value<QList<int>>(), childPath);
+        drag(Qt::LeftButton, Qt::NoModifier, onScreen(at), onScreen(at) + QPoint(9, 0));
+        QTest::mouseClick(m_view.get(), Qt::LeftButton, Qt::ShiftModifier, onScreen(at));
+        QTest::mouseClick(m_view.get(), Qt::RightButton, {}, onScreen(at));
+        QCOMPARE(picked.count() + nothing.count(), 1);
+        QTest::keyClick(m_view.get(), Qt::Key_Escape);
+        QCOMPARE(nothing.count(), childPath.isEmpty() ? 2 : 1);
+    }
+
+    void marksTheOccurrence_data()
+    {
+        QTest::addColumn<QList<int>>("childPath");
+        QTest::addColumn<QRectF>("box"); // at z = 0
+        const double wide = std::cos(0.5) + std::sin(0.5);
+        const QRectF left(-4 - wide, -wide, 2 * wide, 2 * wide);
+        QTest::newRow("cube") << QList<int>{2, 1, 0, 1} << left;
+        QTest::newRow("separator") << QList<int>{3, 1} << left.translated(8, 0);
+        QTest::newRow("its rotation") << QList<int>{2, 1, 0, 0} << left;
+        QTest::newRow("kit") << QList<int>{4} << QRectF(-1, 3, 2, 2);
+        QTest::newRow("no shape itself") << QList<int>{5, 2, 1} << QRectF(-1, -5, 2, 2);
+        QTest::newRow("nowhere") << QList<int>{2, 1, 0, 7} << QRectF();
+    }
+
+    void marksTheOccurrence()
+    {
+        QFETCH(QList<int>, childPath);
+        QFETCH(QRectF, box);
+        show(occurrences);
+        QPalette colors = m_view->palette();
+        colors.setColor(QPalette::Highlight, Qt::green);
+        m_view->setPalette(colors);
+        const QByteArray graph = textOf(m_root);
+        const QImage before = picture();
+        QAction* const frame = m_view->viewActions().frame;
+        QVERIFY(markIn(before).isEmpty() && !frame->isEnabled());
+        m_view->setHighlight(childPath);
+        const QRect mark = markIn(picture());
+        QCOMPARE(mark.isEmpty(), box.isEmpty());
+        QCOMPARE(frame->isEnabled(), !box.isEmpty());
+        if (!box.isEmpty()) { // the front of the box is nearer, so larger
+            const QRectF shown(onScreen(box.bottomLeft()), onScreen(box.topRight()));
+            QVERIFY(QRectF(mark).contains(shown) && shown.adjusted(-14, -14, 14, 14).contains(mark));
+            QTest::keyClick(m_view.get(), Qt::Key_F);
+            const QRect framed = markIn(picture());
+            QVERIFY(framed.height() > 200 && QRect(0, 0, 400, 300).contains(framed));
+            QVERIFY((framed.center() - QPoint(200, 150)).manhattanLength() < 20);
+            QTest::keyClick(m_view.get(), Qt::Key_H); // back to the scene's camera
+        }
+        m_view->setHighlight(std::nullopt);
+        QCOMPARE(picture(), before);
+        QCOMPARE(textOf(m_root), graph);
+    }
+
+    void forgetsWhatIsGone()
+    {
+        show(occurrences);
+        QPalette colors = m_view->palette();
+        colors.setColor(QPalette::Highlight, Qt::green);
+        m_view->setPalette(colors);
+        auto* const part = static_cast<SoSeparator*>(m_root->getChild(2));
+        auto* const choice = static_cast<SoSwitch*>(part->getChild(1));
+        part->ref();
+        m_view->setHighlight(QList<int>{2, 1, 0, 1});
+        picture();
+        QCOMPARE(part->getRefCount(), 2);
+        choice->whichChild = SO_SWITCH_NONE;
+        QVERIFY(markIn(picture()).isEmpty());
+        choice->whichChild = 0;
+        QVERIFY(!markIn(picture()).isEmpty());
+        static_cast<SoSeparator*>(choice->getChild(0))->removeChild(0);
+        QVERIFY(markIn(picture()).isEmpty());
+        part->unref();
+        for (const QList<int>& childPath : {QList<int>{4}, QList<int>{}}) {
+            m_view->setHighlight(childPath);
+            m_root->removeChild(childPath.value(0));
+            QVERIFY(!picture().isNull());
+            QTest::keyClick(m_view.get(), Qt::Key_F);
+        }
+    }
+
+    void goesHomeAndSeeks()
+    {
+        show(occurrences);
+        const QRect atFirst = redIn(picture());
+        QTest::keyClick(m_view.get(), Qt::Key_S);
+        QCOMPARE(m_view->cursor().shape(), Qt::CrossCursor);
+        QSignalSpy nothing(m_view.get(), &SceneView::pickedNothing);
+        QTest::keyClick(m_view.get(), Qt::Key_Escape);
+        QCOMPARE(m_view->cursor().shape(), Qt::ArrowCursor);
+        QTest::keyClick(m_view.get(), Qt::Key_S);
+        QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, QPoint(10, 10));
+        QCOMPARE(redIn(picture()), atFirst);
+        QTest::mouseClick(m_view.get(), Qt::LeftButton, {}, onScreen({4, 0}));
+        QVERIFY(isRed(picture().pixel(200, 150)) && !isRed(picture().pixel(onScreen({-4, 0}))));
+        QCOMPARE(nothing.count(), 0);
+        const QRect sought = redIn(picture());
+        QTest::keyClick(m_view.get(), Qt::Key_H, Qt::ShiftModifier);
+        QTest::keyClick(m_view.get(), Qt::Key_A);
+        QVERIFY(redIn(picture()) != sought);
+        QTest::keyClick(m_view.get(), Qt::Key_Home);
+        QCOMPARE(redIn(picture()), sought);
+        QTest::keyClick(m_view.get(), Qt::Key_C);
+        QCOMPARE(redIn(picture()), atFirst);
+    }
+
+    void lightsWhatHasNoLight_data()
+    {
+        QTest::addColumn<QByteArray>("light");
+        QTest::addColumn<bool>("headlight");
+        QTest::newRow("none") << QByteArray() << true;
+        QTest::newRow("own") << QByteArray("Separator { PointLight {} }") << false;
+        QTest::newRow("off") << QByteArray("PointLight { on FALSE }") << true;
+        QTest::newRow("left out") << QByteArray("Switch { PointLight {} }") << true;
+        QTest::newRow("kit") << QByteArray("LightKit {}") << false;
+    }
+
+    void lightsWhatHasNoLight()
+    {
+        QFETCH(QByteArray, light);
+        show("Separator { " + light + " Cube {} }");
+        QTEST(m_view->viewActions().headlight->isChecked(), "headlight");
+    }
+
     void looksThroughTheScenesCamera()
     {
         show(withCamera);
-        QAction* const look = m_view->lookThroughSceneCameraAction();
+        QAction* const look = m_view->viewActions().lookThrough;
         QVERIFY(look->isEnabled() && look->isChecked());
         const QRect before = redIn(picture());
         QVERIFY((before.center() - QPoint(200, 150)).manhattanLength() <= 4);
@@ -264,7 +459,7 @@ private Q_SLOTS:
             for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Home, Qt::Key_Plus}) {
                 QVERIFY(!picture().isNull());
                 QTest::keyClick(m_view.get(), key);
-                m_view->orthographicAction()->trigger();
+                m_view->viewActions().orthographic->trigger();
                 QTest::mouseDClick(m_view.get(), Qt::LeftButton, {}, QPoint(200, 150));
             }
             auto* const nowhere = new SoTranslation;
@@ -277,7 +472,7 @@ private Q_SLOTS:
     }
 
 private:
-    void show(const char* scene)
+    void show(const QByteArray& scene)
     {
         m_view = std::make_unique<SceneView>();
         m_view->resize(400, 300);

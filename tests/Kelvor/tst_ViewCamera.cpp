@@ -1,6 +1,7 @@
 #include "TestMain.h"
 #include "View/ViewCamera.h"
 
+#include <Inventor/SbXfBox3f.h>
 #include <Inventor/nodes/SoCamera.h>
 
 #include <array>
@@ -34,7 +35,7 @@ private Q_SLOTS:
             ViewCamera camera;
             camera.setOrthographic(turn % 2 == 0);
             camera.orbit(float(turn), 0.1f * float(turn) - 1.0f);
-            camera.viewAll(someBox, aspect);
+            camera.viewAll(OrientedBox(someBox), aspect);
             float widest = 0.0f;
             for (int i = 0; i < 8; ++i) {
                 const SbVec3f corner(i & 1 ? -1.0f : 5.0f, i & 2 ? 2.0f : 3.0f, i & 4 ? -3.0f : 4.0f);
@@ -47,12 +48,36 @@ private Q_SLOTS:
         }
     }
 
+    void seesASmallThingInALargeScene()
+    {
+        const SbBox3f world(SbVec3f(-1e6f, -1e6f, -1e6f), SbVec3f(1e6f, 1e6f, 1e6f));
+        ViewCamera camera;
+        camera.viewAll(OrientedBox(someBox), 1.0f);
+        for (const SbVec3f& corner : OrientedBox(someBox).corners())
+            QVERIFY(camera.placement(world, 1.0f).volume.intersect(corner));
+    }
+
+    void growsFlatBoxes()
+    {
+        const SbVec3f corner(1.0f, 2.0f, 3.0f);
+        SbMatrix turned;
+        turned.setRotate(SbRotation(SbVec3f(1, 1, 0), 1.0f));
+        for (const SbVec3f& size : {SbVec3f(2, 0, 4), SbVec3f(0, 0, 5), SbVec3f(0, 0, 0)}) {
+            SbXfBox3f flat(corner, corner + size);
+            flat.transform(turned);
+            for (const SbVec3f& axis : OrientedBox::of(flat)->grownBy(0.5f).halfAxes)
+                QVERIFY(axis.length() > 0.49f && axis.length() < 3.1f);
+        }
+        QVERIFY(!OrientedBox::of(SbXfBox3f()));
+        QVERIFY(!OrientedBox::of(SbXfBox3f(corner, SbVec3f(1, 2, 1) * 1e30f)));
+    }
+
     void keepsPointsInPlace()
     {
         const SbVec3f point(4.0f, 2.5f, -2.0f);
         for (const bool orthographic : {false, true}) {
             ViewCamera camera;
-            camera.viewAll(someBox, 1.5f);
+            camera.viewAll(OrientedBox(someBox), 1.5f);
             camera.setOrthographic(orthographic);
             const SbVec3f aim = seen(camera, point, 1.5f);
             camera.zoom(0.5f, point);
@@ -67,7 +92,7 @@ private Q_SLOTS:
     void staysUpright()
     {
         ViewCamera camera;
-        camera.viewAll(someBox, 1.0f);
+        camera.viewAll(OrientedBox(someBox), 1.0f);
         const SbVec3f focus = camera.focalPoint();
         for (int i = 0; i < 400; ++i) {
             camera.orbit(0.13f, i < 200 ? 0.05f : -0.05f);

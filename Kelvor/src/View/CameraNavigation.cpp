@@ -114,22 +114,17 @@ void CameraNavigation::mouseMove(const QMouseEvent& event)
     m_view.endMotion();
 }
 
+bool CameraNavigation::mouseRelease(const QMouseEvent& event)
+{
+    const bool isClick = m_gesture == Gesture::Orbit && !m_moving && event.button() == Qt::LeftButton;
+    cancel();
+    return isClick;
+}
+
 void CameraNavigation::cancel()
 {
     m_gesture = Gesture::None;
     m_wheelPoint.reset();
-}
-
-void CameraNavigation::mouseDoubleClick(const QMouseEvent& event)
-{
-    if (event.button() != Qt::LeftButton)
-        return;
-    const std::optional<SbVec3f> point = m_view.pointAt(event.position());
-    if (!point)
-        return;
-    m_view.beginMotion();
-    m_camera.seek(*point);
-    m_view.endMotion();
 }
 
 void CameraNavigation::wheel(const QWheelEvent& event)

@@ -16,8 +16,7 @@ class ViewCamera;
 /// Turns what a person does with mouse and keyboard into motions of a free camera.
 ///
 /// Left drag orbits, middle drag or Shift and left drag pans, right drag or Ctrl and left drag dollies, the
-/// wheel zooms towards the pointer, a double click goes to the point that was hit. Arrow keys orbit, with
-/// Shift they pan; + and - zoom.
+/// wheel zooms towards the pointer. Arrow keys orbit, with Shift they pan; + and - zoom.
 class CameraNavigation
 {
 public:
@@ -38,9 +37,11 @@ public:
 
     void mousePress(const QMouseEvent& event);
     void mouseMove(const QMouseEvent& event);
+    /// Ends the gesture that is under way. Gives whether it was a click: of the left button, without Shift or
+    /// Ctrl, and in one place.
+    bool mouseRelease(const QMouseEvent& event);
     /// Ends the gesture that is under way.
     void cancel();
-    void mouseDoubleClick(const QMouseEvent& event);
     void wheel(const QWheelEvent& event);
     /// Whether the key means something here.
     bool keyPress(const QKeyEvent& event);

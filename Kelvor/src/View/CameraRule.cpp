@@ -2,7 +2,6 @@
 
 #include "ClipRange.h"
 
-#include <Inventor/SbViewportRegion.h>
 #include <Inventor/elements/SoProjectionMatrixElement.h>
 #include <Inventor/elements/SoViewVolumeElement.h>
 #include <Inventor/nodes/SoOrthographicCamera.h>
@@ -40,6 +39,7 @@ const CameraPlacement* CameraRule::meet(const SoCamera& camera, const SbMatrix& 
                                         const SbMatrix& model, const SbViewportRegion& viewport)
 {
     if (!looksThroughScene()) {
+        m_viewport = viewport;
         if (&camera != m_freeCamera)
             m_met = &camera;
         return &m_placement;
@@ -52,6 +52,7 @@ const CameraPlacement* CameraRule::meet(const SoCamera& camera, const SbMatrix& 
     SbViewVolume volume = camera.getViewVolume(viewport, cropped);
     if (!(volume.getWidth() > 0.0f) || !(volume.getHeight() > 0.0f))
         return nullptr;
+    m_viewport = cropped;
     m_placement.viewing = viewing;
     SbMatrix unused;
     volume.getMatrices(unused, m_placement.projection);

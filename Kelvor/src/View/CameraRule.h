@@ -3,8 +3,8 @@
 #include <Inventor/SbBox3f.h>
 #include <Inventor/SbMatrix.h>
 #include <Inventor/SbViewVolume.h>
+#include <Inventor/SbViewportRegion.h>
 
-class SbViewportRegion;
 class SoCamera;
 class SoNode;
 class SoState;
@@ -51,9 +51,12 @@ public:
     float sceneFocalDistance() const { return m_focalDistance; }
     /// What the frame was drawn with.
     const CameraPlacement& placement() const { return m_placement; }
+    /// What it was drawn into, which a camera may have cropped.
+    const SbViewportRegion& viewport() const { return m_viewport; }
 
 private:
     CameraPlacement m_placement;
+    SbViewportRegion m_viewport;
     SbBox3f m_box;
     const SoCamera* m_freeCamera = nullptr;
     const SoCamera* m_met = nullptr; // compared, never dereferenced: it may be gone since

@@ -1,5 +1,6 @@
 #include "SceneRenderer.h"
 
+#include "GlAttributes.h"
 #include "GlMessages.h"
 #include "ViewRenderAction.h"
 
@@ -62,7 +63,7 @@ QSurfaceFormat compatibleFormat()
 
 void paintBackground(const QColor& top, const QColor& bottom)
 {
-    glPushAttrib(GL_ALL_ATTRIB_BITS);
+    const GlAttributes attributes;
     for (const GLenum mode : {GL_LIGHTING, GL_DEPTH_TEST, GL_TEXTURE_2D, GL_BLEND, GL_CULL_FACE, GL_FOG})
         glDisable(mode);
     glMatrixMode(GL_PROJECTION);
@@ -78,7 +79,6 @@ void paintBackground(const QColor& top, const QColor& bottom)
     glVertex2f(1.0f, 1.0f);
     glVertex2f(-1.0f, 1.0f);
     glEnd();
-    glPopAttrib();
 }
 
 } // namespace
@@ -125,7 +125,8 @@ void SceneRenderer::setScene(SoNode* scene, std::function<void()> changed)
         m_manager->setSceneGraph(scene);
 }
 
-QImage SceneRenderer::render(const QSize& size, const QColor& top, const QColor& bottom)
+QImage SceneRenderer::render(const QSize& size, const QColor& top, const QColor& bottom,
+                             const std::function<void()>& overlay)
 {
     if (!isValid())
         return QImage();
@@ -140,6 +141,7 @@ QImage SceneRenderer::render(const QSize& size, const QColor& top, const QColor&
     paintBackground(top, bottom);
     glEnable(GL_DEPTH_TEST);
     m_manager->render(FALSE, TRUE);
+    overlay();
     // Errors of the scene's own must not be taken for errors of what comes next.
     for (int i = 0; i < maxQueuedErrors && glGetError() != GL_NO_ERROR; ++i) {
     }

@@ -34,10 +34,12 @@ public:
     /// picture is due.
     void setScene(SoNode* scene, std::function<void()> changed);
     /// Draws the scene over a background that goes from one colour at the top to another at the bottom. Gives
-    /// an opaque image of `size` device pixels, or a null image when drawing is not possible.
+    /// an opaque image of `size` device pixels, or a null image when drawing is not possible. `overlay` is
+    /// called when the scene has been drawn, with the context and its depth buffer as the scene left them.
     ///
     /// A context that was current before is current afterwards.
-    QImage render(const QSize& size, const QColor& top, const QColor& bottom);
+    QImage render(const QSize& size, const QColor& top, const QColor& bottom,
+                  const std::function<void()>& overlay);
 
 private:
     QSize prepare(const QSize& size);

@@ -1,12 +1,10 @@
 #include "SceneView.h"
 
+#include "HighlightPainter.h"
 #include "ViewBoxAction.h"
 #include "ViewPickAction.h"
 
 #include <Inventor/SoPickedPoint.h>
-#include <Inventor/nodes/SoCamera.h>
-#include <Inventor/nodes/SoDirectionalLight.h>
-#include <Inventor/nodes/SoSeparator.h>
 
 #include <QAction>
 #include <QKeyEvent>
@@ -34,112 +32,92 @@ QColor blend(const QColor& a, const QColor& b, float share)
 
 SceneView::SceneView(QWidget* parent)
     : QWidget(parent)
-    , m_navigation(m_camera, {[this] { return QSizeF(size()); }, [this] { takeOverSceneCamera(); },
+    , m_control(m_rule, m_camera,
+                {[this] { return sceneBox(); }, [this] { return m_viewport.getViewportAspectRatio(); },
+                 [this] { return style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this); },
+                 [this] { scheduleFrame(); }})
+    , m_navigation(m_camera, {[this] { return QSizeF(size()); }, [this] { m_control.takeOver(); },
                               [this] { scheduleFrame(); }, [this](QPointF p) { return pointAt(p); }})
+    , m_stage(m_camera.node())
     , m_renderer(m_rule)
+    , m_actions(this)
 {
     ViewBoxAction::initClass();
     ViewPickAction::initClass();
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAccessibleName(tr("3D view"));
+    setAccessibleDescription(
+        tr("Click to select, drag to turn, Shift and drag to move, turn the wheel to zoom. "
+           "The arrow keys turn, with Shift they move; + and - zoom."));
     m_frameTimer.setSingleShot(true);
     m_frameTimer.setTimerType(Qt::PreciseTimer);
     connect(&m_frameTimer, &QTimer::timeout, this, qOverload<>(&QWidget::update));
-    makeActions();
-    makeStage();
+    connectActions();
+    m_renderer.setScene(m_stage.node(), [this] { scheduleFrame(); });
 }
 
 SceneView::~SceneView()
 {
     m_renderer.setScene(nullptr, [] {});
-    m_stage->unref();
 }
 
-void SceneView::makeActions()
+void SceneView::connectActions()
 {
-    const auto add = [this](const QString& text, const QString& tip, bool checkable) {
-        auto* const action = new QAction(text, this);
-        action->setToolTip(tip);
-        action->setStatusTip(tip);
-        action->setCheckable(checkable);
-        action->setShortcutContext(Qt::WidgetShortcut);
-        addAction(action);
-        return action;
+    const auto onTrigger = [this](const QAction* action, auto slot) {
+        connect(action, &QAction::triggered, this, slot);
     };
-    m_viewAllAction = add(tr("View &All"), tr("Move back until the whole scene is seen"), false);
-    m_viewAllAction->setShortcuts({QKeySequence(Qt::Key_Home), QKeySequence(Qt::Key_A)});
-    connect(m_viewAllAction, &QAction::triggered, this, &SceneView::viewAll);
-
-    m_lookThroughAction =
-        add(tr("Look through Scene &Camera"), tr("Show what the scene's own camera sees"), true);
-    m_lookThroughAction->setEnabled(false);
-    connect(m_lookThroughAction, &QAction::triggered, this, &SceneView::lookThroughScene);
-
-    m_headlightAction = add(tr("&Headlight"), tr("Light the scene from where it is seen"), true);
-    m_headlightAction->setChecked(true);
-    connect(m_headlightAction, &QAction::toggled, this, [this](bool on) {
-        m_headlight->on = on;
+    onTrigger(m_actions.viewAll, [this] { m_control.viewAll(); });
+    onTrigger(m_actions.frame, [this] {
+        if (const std::optional<SceneHighlight::Mark> mark = findHighlight())
+            m_control.frame(mark->box);
+    });
+    onTrigger(m_actions.home, [this] { m_control.goHome(); });
+    onTrigger(m_actions.setHome, [this] { m_control.setHome(); });
+    onTrigger(m_actions.lookThrough, [this](bool on) { m_control.lookThroughScene(on); });
+    onTrigger(m_actions.orthographic, [this](bool on) { m_control.setOrthographic(on); });
+    onTrigger(m_actions.clearSelection, [this] {
+        if (m_actions.seek->isChecked())
+            m_actions.seek->setChecked(false);
+        else
+            Q_EMIT pickedNothing();
+    });
+    connect(m_actions.seek, &QAction::toggled, this,
+            [this](bool on) { on ? setCursor(Qt::CrossCursor) : unsetCursor(); });
+    connect(m_actions.headlight, &QAction::toggled, this, [this](bool on) {
+        m_stage.setHeadlight(on);
         scheduleFrame();
     });
-
-    m_orthographicAction = add(tr("&Orthographic"), tr("Draw without perspective"), true);
-    connect(m_orthographicAction, &QAction::triggered, this, [this](bool on) {
-        takeOverSceneCamera();
-        m_camera.setOrthographic(on);
-        m_orthographicAction->setChecked(on);
-        scheduleFrame();
-    });
-}
-
-void SceneView::makeStage()
-{
-    m_stage = new SoSeparator;
-    m_stage->ref();
-    m_stage->renderCaching = SoSeparator::OFF;
-    m_stage->boundingBoxCaching = SoSeparator::OFF;
-    m_stage->renderCulling = SoSeparator::OFF;
-    // A light above all cameras stands where the eye is, whichever camera is in use.
-    m_headlight = new SoDirectionalLight;
-    m_headlight->direction = SbVec3f(0.0f, 0.0f, -1.0f);
-    m_stage->addChild(m_headlight);
-    m_stage->addChild(m_camera.node());
-    m_renderer.setScene(m_stage, [this] { scheduleFrame(); });
 }
 
 void SceneView::setRoot(SoNode* root)
 {
-    if (root == m_root)
+    if (root == m_stage.root())
         return;
-    if (root)
-        m_stage->addChild(root); // first, should it be a part of the old one
-    if (m_root)
-        m_stage->removeChild(m_root);
-    m_root = root;
+    m_stage.setRoot(root);
+    m_control.reset(root != nullptr);
     m_navigation.cancel();
-    m_looksThroughScene = m_root != nullptr;
-    m_lookThroughAction->setEnabled(false);
-    m_isCameraPlaced = false;
+    setHighlight(std::nullopt);
+    m_actions.headlight->setChecked(!m_stage.hasOwnLight());
+    m_actions.seek->setChecked(false);
+    m_actions.lookThrough->setEnabled(false);
     m_isFirstFrame = true;
-    scheduleFrame();
 }
 
-void SceneView::setHighlight(const std::optional<QList<int>>&) {}
+void SceneView::setHighlight(const std::optional<QList<int>>& childPath)
+{
+    if (childPath)
+        m_highlight.set(m_stage.root(), *childPath);
+    else
+        m_highlight.clear();
+    m_actions.frame->setEnabled(m_highlight.isSet());
+    scheduleFrame();
+}
 
 QImage SceneView::grabFrame()
 {
     drawFrame();
     return m_image;
-}
-
-QSize SceneView::sizeHint() const
-{
-    return QSize(640, 480);
-}
-
-QSize SceneView::minimumSizeHint() const
-{
-    return QSize(80, 60);
 }
 
 void SceneView::scheduleFrame()
@@ -161,106 +139,80 @@ void SceneView::drawFrame()
                                   static_cast<short>(std::clamp(pixels.height(), 1, 32000)));
     if (!canDraw())
         return;
-    if (!drawThroughSceneCamera())
-        drawThroughFreeCamera();
-    m_lookThroughAction->setChecked(m_looksThroughScene);
-    m_orthographicAction->setChecked(m_rule.placement().volume.getProjectionType() ==
-                                     SbViewVolume::ORTHOGRAPHIC);
-}
-
-/// Whether the scene's camera is to be looked through, and the scene has one.
-bool SceneView::drawThroughSceneCamera()
-{
-    if (!m_looksThroughScene)
-        return false;
-    m_camera.setEnabled(false);
-    m_rule.beginSceneFrame(sceneBox());
-    m_image = render();
-    m_looksThroughScene = m_rule.hasMetSceneCamera();
-    m_lookThroughAction->setEnabled(m_looksThroughScene);
-    return m_looksThroughScene;
-}
-
-void SceneView::drawThroughFreeCamera()
-{
-    m_camera.setEnabled(true);
-    const SbBox3f box = sceneBox();
-    if (!m_isCameraPlaced)
-        m_camera.viewAll(box, aspect());
-    m_isCameraPlaced = true;
-    m_rule.beginFreeFrame(m_camera.camera(), m_camera.placement(box, aspect()));
-    m_image = render();
-    // A scene that is out of sight may be left out together with its camera: that says nothing.
-    if (m_rule.hasMetSceneCamera())
-        m_lookThroughAction->setEnabled(true);
+    m_control.draw([this] { m_image = render(); });
+    m_actions.lookThrough->setEnabled(m_control.sceneHasCamera());
+    m_actions.lookThrough->setChecked(m_control.looksThroughScene());
+    m_actions.orthographic->setChecked(m_rule.placement().volume.getProjectionType() ==
+                                       SbViewVolume::ORTHOGRAPHIC);
+    m_actions.frame->setEnabled(m_highlight.isSet());
 }
 
 QImage SceneView::render()
 {
     const QColor window = palette().color(QPalette::Window);
     const QColor text = palette().color(QPalette::WindowText);
-    QImage image = m_renderer.render(QSize(m_viewport.getWindowSize()[0], m_viewport.getWindowSize()[1]),
-                                     blend(window, text, 0.35f), blend(window, text, 0.1f));
+    QImage image =
+        m_renderer.render(QSize(m_viewport.getWindowSize()[0], m_viewport.getWindowSize()[1]),
+                          blend(window, text, 0.35f), blend(window, text, 0.1f), [this] { paintOverlay(); });
     image.setDevicePixelRatio(devicePixelRatioF());
     return image;
 }
 
-float SceneView::aspect() const
+void SceneView::paintOverlay()
 {
-    return m_viewport.getViewportAspectRatio();
+    if (const std::optional<SceneHighlight::Mark> mark = findHighlight())
+        HighlightPainter::paint(*mark, m_rule, palette().color(QPalette::Highlight),
+                                static_cast<float>(devicePixelRatioF()));
+}
+
+std::optional<SceneHighlight::Mark> SceneView::findHighlight()
+{
+    if (!m_highlight.isSet())
+        return std::nullopt;
+    ViewBoxAction action(m_viewport, m_rule);
+    return m_highlight.find(m_stage, action);
 }
 
 SbBox3f SceneView::sceneBox()
 {
-    return ViewBoxAction(m_viewport, m_rule).measure(m_stage);
+    return ViewBoxAction(m_viewport, m_rule).measure(m_stage.node());
+}
+
+/// Valid as long as the action.
+const SoPickedPoint* SceneView::pick(ViewPickAction& action, QPointF position)
+{
+    const qreal ratio = devicePixelRatioF();
+    return action.pick(m_stage.node(), position * ratio, pickRadius * static_cast<float>(ratio));
 }
 
 std::optional<SbVec3f> SceneView::pointAt(QPointF position)
 {
-    const qreal ratio = devicePixelRatioF();
-    ViewPickAction pick(m_viewport, m_rule);
-    pick.setPoint(SbVec2s(static_cast<short>(position.x() * ratio),
-                          static_cast<short>((height() - 1 - position.y()) * ratio)));
-    pick.setRadius(pickRadius * static_cast<float>(ratio));
-    pick.apply(m_stage);
-    const SoPickedPoint* const picked = pick.getPickedPoint();
+    ViewPickAction action(m_viewport, m_rule);
+    const SoPickedPoint* const picked = pick(action, position);
     return picked ? std::optional(picked->getPoint()) : std::nullopt;
 }
 
-void SceneView::lookThroughScene(bool on)
+void SceneView::select(QPointF position)
 {
-    if (on)
-        m_looksThroughScene = true;
+    std::optional<QList<int>> childPath;
+    {
+        ViewPickAction action(m_viewport, m_rule);
+        if (const SoPickedPoint* const hit = pick(action, position))
+            childPath = ViewStage::childPath(*hit->getPath());
+    } // what was picked holds its nodes: whoever listens must not find them held
+    if (childPath)
+        Q_EMIT picked(*childPath);
     else
-        takeOverSceneCamera();
-    scheduleFrame();
+        Q_EMIT pickedNothing();
 }
 
-/// The free camera continues where the scene's camera stands now.
-void SceneView::takeOverSceneCamera()
+/// Goes to the point at a position; waits for another click where there is none.
+void SceneView::seek(QPointF position)
 {
-    if (!m_looksThroughScene || !m_rule.hasMetSceneCamera())
-        return;
-    m_looksThroughScene = false;
-    m_isCameraPlaced = true;
-    const SbViewVolume volume = m_rule.placement().volume;
-    float distance = m_rule.sceneFocalDistance();
-    const SbBox3f box = sceneBox();
-    if (!(distance > 0.0f) && !box.isEmpty()) {
-        SbVec3f direction = volume.getProjectionDirection(); // a scaled one below a scaling transformation
-        direction.normalize();
-        distance = (box.getCenter() - volume.getProjectionPoint()).dot(direction);
+    if (const std::optional<SbVec3f> point = pointAt(position)) {
+        m_control.seek(*point);
+        m_actions.seek->setChecked(false);
     }
-    m_camera.takeOver(volume, aspect(), distance > 0.0f ? distance : 5.0f);
-    m_camera.setEnabled(true);
-    m_rule.beginFreeFrame(m_camera.camera(), m_camera.placement(box, aspect()));
-}
-
-void SceneView::viewAll()
-{
-    takeOverSceneCamera();
-    m_camera.viewAll(sceneBox(), aspect());
-    scheduleFrame();
 }
 
 void SceneView::changeEvent(QEvent* event)
@@ -278,7 +230,8 @@ void SceneView::keyPressEvent(QKeyEvent* event)
 
 void SceneView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    m_navigation.mouseDoubleClick(*event);
+    if (event->button() == Qt::LeftButton)
+        seek(event->position());
 }
 
 void SceneView::mouseMoveEvent(QMouseEvent* event)
@@ -291,9 +244,14 @@ void SceneView::mousePressEvent(QMouseEvent* event)
     m_navigation.mousePress(*event);
 }
 
-void SceneView::mouseReleaseEvent(QMouseEvent*)
+void SceneView::mouseReleaseEvent(QMouseEvent* event)
 {
-    m_navigation.cancel();
+    if (!m_navigation.mouseRelease(*event) || !canDraw())
+        return;
+    if (m_actions.seek->isChecked())
+        seek(event->position());
+    else
+        select(event->position());
 }
 
 void SceneView::wheelEvent(QWheelEvent* event)

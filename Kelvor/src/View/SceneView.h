@@ -1,9 +1,11 @@
 #pragma once
 
+#include "CameraControl.h"
 #include "CameraNavigation.h"
-#include "CameraRule.h"
+#include "SceneHighlight.h"
 #include "SceneRenderer.h"
-#include "ViewCamera.h"
+#include "ViewActions.h"
+#include "ViewStage.h"
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -13,16 +15,18 @@
 
 #include <Inventor/SbViewportRegion.h>
 
-class QAction;
-class SoDirectionalLight;
-class SoNode;
-class SoSeparator;
+class SoPickedPoint;
+class ViewPickAction;
 
-/// Shows a scene and lets a person look around in it.
+/// Shows a scene and lets a person look around in it and select what is seen.
 ///
 /// A scene with a camera is seen through it, so that a change of the camera shows, until a person navigates:
 /// from there on a free camera of the view's own continues, and cameras of the scene are passed over. The
-/// graph is not changed: headlight and free camera stand beside it.
+/// graph is not changed: headlight and free camera stand beside it, what marks the selection is drawn over
+/// it. The headlight is on at first when the scene has no light of its own.
+///
+/// A click selects what is under the pointer, a drag navigates (`CameraNavigation`), a double click goes to
+/// the point that was hit.
 ///
 /// A change of the scene gives a new picture, at most one in a sixtieth of a second and none while the view
 /// is not visible. The view draws with an OpenGL context of its own and survives docking and a second view of
@@ -40,10 +44,12 @@ public:
 
     /// The graph to show, or nothing (null). It is referenced while it is shown.
     void setRoot(SoNode* root);
-    SoNode* root() const { return m_root; }
+    SoNode* root() const { return m_stage.root(); }
 
     /// Marks one occurrence of a node, given by the child indices that lead to it from the root, with an
-    /// overlay; no value marks nothing. A path that leads nowhere shows nothing.
+    /// overlay: the edges of its box, dashed around what it may affect when it shows nothing by itself. No
+    /// value marks nothing, nor does a path that leads nowhere. When the scene changes so that the path leads
+    /// to another node, the mark goes.
     void setHighlight(const std::optional<QList<int>>& childPath);
 
     /// Whether scenes can be drawn here.
@@ -51,18 +57,14 @@ public:
     /// The picture of the scene as it is now, in device pixels; null when it cannot be drawn.
     QImage grabFrame();
 
-    /// Checked while the scene's camera is looked through; disabled when the scene has none.
-    QAction* lookThroughSceneCameraAction() const { return m_lookThroughAction; }
-    QAction* viewAllAction() const { return m_viewAllAction; }
-    QAction* headlightAction() const { return m_headlightAction; }
-    /// Checked while the free camera is orthographic.
-    QAction* orthographicAction() const { return m_orthographicAction; }
+    const ViewActions& viewActions() const { return m_actions; }
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize sizeHint() const override { return QSize(640, 480); }
+    QSize minimumSizeHint() const override { return QSize(80, 60); }
 
 Q_SIGNALS:
-    /// A person has clicked on the scene: the child indices that lead from the root to the shape that was hit.
+    /// A person has clicked on the scene: the child indices that lead from the root to the shape that was
+    /// hit.
     void picked(const QList<int>& childPath);
     /// A person has clicked beside everything, or pressed Esc: nothing is to be selected.
     void pickedNothing();
@@ -84,34 +86,27 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    void makeActions();
-    void makeStage();
+    void connectActions();
     void scheduleFrame();
     void drawFrame();
-    bool drawThroughSceneCamera();
-    void drawThroughFreeCamera();
     QImage render();
-    float aspect() const;
+    void paintOverlay();
+    std::optional<SceneHighlight::Mark> findHighlight();
     SbBox3f sceneBox();
+    const SoPickedPoint* pick(ViewPickAction& action, QPointF position);
     std::optional<SbVec3f> pointAt(QPointF position);
-    void lookThroughScene(bool on);
-    void takeOverSceneCamera();
-    void viewAll();
+    void select(QPointF position);
+    void seek(QPointF position);
     void paintPlaceholder(QPainter& painter);
 
     CameraRule m_rule;
     ViewCamera m_camera;
+    CameraControl m_control;
     CameraNavigation m_navigation;
+    ViewStage m_stage;
     SceneRenderer m_renderer;
-
-    SoSeparator* m_stage = nullptr; // headlight, free camera, the scene
-    SoDirectionalLight* m_headlight = nullptr;
-    SoNode* m_root = nullptr;
-
-    QAction* m_lookThroughAction = nullptr;
-    QAction* m_viewAllAction = nullptr;
-    QAction* m_headlightAction = nullptr;
-    QAction* m_orthographicAction = nullptr;
+    SceneHighlight m_highlight;
+    ViewActions m_actions;
 
     QImage m_image;
     QSize m_pixels; // that the image was drawn for
@@ -121,6 +116,4 @@ private:
     bool m_isStale = true;     // the scene is no longer what the image shows
     bool m_isAnnounced = true; // the image's signals have been sent
     bool m_isFirstFrame = true;
-    bool m_looksThroughScene = true;
-    bool m_isCameraPlaced = false; // the free camera has been somewhere in this scene
 };

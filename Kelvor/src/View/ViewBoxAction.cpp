@@ -7,15 +7,6 @@
 #include <Inventor/elements/SoViewingMatrixElement.h>
 #include <Inventor/nodes/SoCamera.h>
 
-#include <cmath>
-#include <initializer_list>
-
-namespace {
-
-constexpr float largest = 1e15f; // its square is still far from the largest float
-
-}
-
 SO_ACTION_SOURCE(ViewBoxAction);
 
 void ViewBoxAction::initClass()
@@ -39,11 +30,13 @@ SbBox3f ViewBoxAction::measure(SoNode* root)
 {
     apply(root);
     const SbBox3f box = getBoundingBox();
-    for (const SbVec3f& corner : {box.getMin(), box.getMax()})
-        for (int i = 0; i < 3; ++i)
-            if (!(std::abs(corner[i]) < largest))
-                return SbBox3f();
-    return box;
+    return OrientedBox::of(SbXfBox3f(box)) ? box : SbBox3f();
+}
+
+std::optional<OrientedBox> ViewBoxAction::measure(SoPath& path)
+{
+    apply(&path);
+    return OrientedBox::of(getXfBoundingBox());
 }
 
 void ViewBoxAction::passCamera(SoAction* action, SoNode* node)

@@ -1,6 +1,10 @@
 #pragma once
 
+#include "OrientedBox.h"
+
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
+
+#include <optional>
 
 class CameraRule;
 
@@ -21,6 +25,10 @@ public:
     /// The bounding box of a graph in world space. Empty when there is nothing to see, and also when some
     /// coordinate is not a number or too large to calculate with.
     SbBox3f measure(SoNode* root);
+    /// The box around what is seen at the end of a path that begins where the graph does: in the coordinates
+    /// of the shape, or of that shape below with which it is smallest. Nothing where `measure` gives an empty
+    /// box.
+    std::optional<OrientedBox> measure(SoPath& path);
 
 private:
     static void passCamera(SoAction* action, SoNode* node);

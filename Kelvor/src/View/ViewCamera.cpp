@@ -17,7 +17,8 @@ constexpr float pi = std::numbers::pi_v<float>;
 constexpr float pole = 89.0f / 180.0f * pi;
 constexpr float nearestFocus = 1e-9f; // focal distances that floats can still calculate with
 constexpr float farthestFocus = 1e15f;
-constexpr float frame = 1.08f; // of the box: a little space around it
+constexpr float nearestSeen = 0.02f; // of the focal distance
+constexpr float frame = 1.08f;       // of the box: a little space around it
 
 const SbVec3f right(1.0f, 0.0f, 0.0f);
 const SbVec3f upright(0.0f, 1.0f, 0.0f);
@@ -78,13 +79,9 @@ void ViewCamera::setOrthographic(bool on)
 {
     if (on == m_isOrthographic)
         return;
-    const float halfHeight = std::tan(m_perspective->heightAngle.getValue() / 2.0f);
-    const SbVec3f focus = focalPoint();
-    const float distance = camera()->focalDistance.getValue();
+    const Pose here = pose();
     m_isOrthographic = on;
-    if (on)
-        m_orthographic->height = 2.0f * distance * halfHeight;
-    place(focus, on ? distance : m_orthographic->height.getValue() / (2.0f * halfHeight));
+    setPose(here);
     setEnabled(m_isEnabled);
 }
 
@@ -151,32 +148,48 @@ void ViewCamera::seek(const SbVec3f& point)
     place(point, distance);
 }
 
-void ViewCamera::viewAll(const SbBox3f& box, float aspect)
+void ViewCamera::viewAll(const OrientedBox& box, float aspect)
 {
-    if (box.isEmpty())
-        return;
-    const SbVec3f center = box.getCenter();
-    const SbVec3f half = (box.getMax() - box.getMin()) / 2.0f;
-    const float slope = std::tan(m_perspective->heightAngle.getValue() / 2.0f);
     const float wide = std::max(aspect, 1.0f);
     const float high = std::max(1.0f / aspect, 1.0f);
     const SbRotation toCamera = camera()->orientation.getValue().inverse();
     float distance = 0.0f;
     float height = 0.0f;
-    for (int corner = 0; corner < 8; ++corner) {
-        SbVec3f seen((corner & 1) ? half[0] : -half[0], (corner & 2) ? half[1] : -half[1],
-                     (corner & 4) ? half[2] : -half[2]);
-        toCamera.multVec(seen, seen);
+    for (const SbVec3f& corner : box.corners()) {
+        SbVec3f seen;
+        toCamera.multVec(corner - box.center, seen);
         const float extent = frame * std::max(std::abs(seen[0]) / wide, std::abs(seen[1]) / high);
-        distance = std::max(distance, seen[2] + extent / slope);
+        distance = std::max(distance, seen[2] + extent / slope());
         height = std::max(height, 2.0f * extent);
     }
     if (height < nearestFocus) { // a single point
-        height = 1.0f;
-        distance = height / slope;
+        height = pose().extent;
+        distance = height / (2.0f * slope());
     }
     m_orthographic->height = height;
-    place(center, std::max(distance, nearestFocus));
+    place(box.center, std::max(distance, nearestFocus));
+}
+
+ViewCamera::Pose ViewCamera::Pose::between(const Pose& from, const Pose& to, float share)
+{
+    return {SbRotation::slerp(from.orientation, to.orientation, share), to.up,
+            from.focalPoint + (to.focalPoint - from.focalPoint) * share,
+            from.extent * std::pow(to.extent / from.extent, share)};
+}
+
+ViewCamera::Pose ViewCamera::pose() const
+{
+    const float distance = camera()->focalDistance.getValue();
+    return {camera()->orientation.getValue(), m_up, focalPoint(),
+            m_isOrthographic ? m_orthographic->height.getValue() : 2.0f * distance * slope()};
+}
+
+void ViewCamera::setPose(const Pose& pose)
+{
+    m_up = pose.up;
+    setOrientation(pose.orientation);
+    m_orthographic->height = pose.extent;
+    place(pose.focalPoint, pose.extent / (2.0f * slope()));
 }
 
 SbVec3f ViewCamera::position() const
@@ -202,8 +215,11 @@ CameraPlacement ViewCamera::placement(const SbBox3f& box, float aspect) const
     CameraPlacement placement;
     volume.getMatrices(placement.viewing, placement.projection);
     const SbViewVolume::ProjectionType projection = volume.getProjectionType();
-    const ClipRange range =
-        ClipRange::around(box, placement.viewing, projection, camera()->focalDistance.getValue());
+    const float focus = camera()->focalDistance.getValue();
+    ClipRange range = ClipRange::around(box, placement.viewing, projection, focus);
+    // What is looked at is seen, however large the scene around it.
+    if (projection == SbViewVolume::PERSPECTIVE)
+        range.nearDistance = std::min(range.nearDistance, focus * nearestSeen);
     placement.volume =
         range.isUsable(projection) ? range.volume(volume, placement.viewing.inverse()) : volume;
     placement.volume.getMatrices(placement.viewing, placement.projection);
@@ -230,4 +246,10 @@ void ViewCamera::setOrientation(const SbRotation& orientation)
 {
     m_perspective->orientation = orientation;
     m_orthographic->orientation = orientation;
+}
+
+/// Of the rays along the edge of a perspective picture, against the middle one.
+float ViewCamera::slope() const
+{
+    return std::tan(m_perspective->heightAngle.getValue() / 2.0f);
 }

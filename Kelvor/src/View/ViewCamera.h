@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CameraRule.h"
+#include "OrientedBox.h"
 
 #include <Inventor/SbRotation.h>
 #include <Inventor/SbVec3f.h>
@@ -16,6 +17,18 @@ class SoSwitch;
 class ViewCamera
 {
 public:
+    /// A place to look from, whatever the projection.
+    struct Pose
+    {
+        SbRotation orientation;
+        SbVec3f up;         // the axis to turn around
+        SbVec3f focalPoint; // in the middle of the picture
+        float extent;       // how much is seen there along the shorter side of the picture
+
+        /// A place on the way from one to another (share 0 to 1).
+        static Pose between(const Pose& from, const Pose& to, float share);
+    };
+
     /// Looks at the origin from the front right and above.
     ViewCamera();
     ~ViewCamera();
@@ -42,8 +55,11 @@ public:
     void zoom(float factor, const SbVec3f& towards);
     /// Puts a point into the middle of the picture, at half its distance, and makes it the focal point.
     void seek(const SbVec3f& point);
-    /// Moves back or forward, without turning, until the box fills the picture; an empty box changes nothing.
-    void viewAll(const SbBox3f& box, float aspect);
+    /// Moves back or forward, without turning, until the box fills the picture. A single point comes into the
+    /// middle.
+    void viewAll(const OrientedBox& box, float aspect);
+    Pose pose() const;
+    void setPose(const Pose& pose);
 
     SbVec3f position() const;
     SbVec3f direction() const;
@@ -55,6 +71,7 @@ private:
     SbVec3f turned(const SbVec3f& axis) const;
     void place(const SbVec3f& focalPoint, float focalDistance);
     void setOrientation(const SbRotation& orientation);
+    float slope() const;
 
     SoSwitch* m_node;
     SoPerspectiveCamera* m_perspective;

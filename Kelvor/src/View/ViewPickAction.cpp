@@ -2,9 +2,16 @@
 
 #include "CameraRule.h"
 
+#include <Inventor/SbViewportRegion.h>
 #include <Inventor/actions/SoSubAction.h>
+#include <Inventor/elements/SoOverrideElement.h>
+#include <Inventor/elements/SoPickStyleElement.h>
 #include <Inventor/elements/SoViewingMatrixElement.h>
 #include <Inventor/nodes/SoCamera.h>
+#include <Inventor/nodes/SoDrawStyle.h>
+#include <Inventor/nodes/SoPickStyle.h>
+
+#include <cmath>
 
 SO_ACTION_SOURCE(ViewPickAction);
 
@@ -14,6 +21,8 @@ void ViewPickAction::initClass()
         return;
     SO_ACTION_INIT_CLASS(ViewPickAction, SoRayPickAction);
     SO_ACTION_ADD_METHOD(SoCamera, passCamera);
+    SO_ACTION_ADD_METHOD(SoDrawStyle, passDrawStyle);
+    SO_ACTION_ADD_METHOD(SoPickStyle, passPickStyle);
 }
 
 ViewPickAction::ViewPickAction(const SbViewportRegion& viewport, const CameraRule& rule)
@@ -24,6 +33,16 @@ ViewPickAction::ViewPickAction(const SbViewportRegion& viewport, const CameraRul
 }
 
 ViewPickAction::~ViewPickAction() = default;
+
+const SoPickedPoint* ViewPickAction::pick(SoNode* scene, const QPointF& position, float radius)
+{
+    const int height = getViewportRegion().getWindowSize()[1];
+    setPoint(SbVec2s(static_cast<short>(std::floor(position.x())),
+                     static_cast<short>(height - 1 - std::floor(position.y()))));
+    setRadius(radius);
+    apply(scene);
+    return getPickedPoint();
+}
 
 void ViewPickAction::passCamera(SoAction* action, SoNode* node)
 {
@@ -37,4 +56,16 @@ void ViewPickAction::passCamera(SoAction* action, SoNode* node)
         SoViewingMatrixElement::set(self->getState(), camera, placement->viewing);
         self->computeWorldSpaceRay();
     }
+}
+
+void ViewPickAction::passDrawStyle(SoAction* action, SoNode* node)
+{
+    const auto& style = *static_cast<const SoDrawStyle*>(node);
+    SoState* const state = action->getState();
+    if (style.style.isIgnored() || SoOverrideElement::getPickStyleOverride(state))
+        return;
+    const bool isSeen = style.style.getValue() != SoDrawStyle::INVISIBLE;
+    SoPickStyleElement::set(state, node, isSeen ? SoPickStyleElement::SHAPE : SoPickStyleElement::UNPICKABLE);
+    if (style.isOverride())
+        SoOverrideElement::setPickStyleOverride(state, node, TRUE);
 }
