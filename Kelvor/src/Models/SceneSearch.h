@@ -1,22 +1,15 @@
 #pragma once
 
-#include <QList>
+#include "Models/SceneWalk.h"
 
 #include <functional>
 #include <optional>
-
-class SoNode;
 
 /// Depth-first search below a node for an occurrence, with a bound on the work.
 class SceneSearch
 {
 public:
-    /// How often a node that occurs in several places is looked at.
-    enum class Visits
-    {
-        EachOccurrence,
-        EachNode ///< what is below a shared node is looked at once only, so the search is linear
-    };
+    using Visits = SceneWalk::Visits;
 
     SceneSearch(Visits visits, qsizetype limit)
         : m_visits(visits)

@@ -54,8 +54,6 @@ SceneTreeModel::SceneTreeModel(QObject* parent)
 SceneTreeModel::~SceneTreeModel()
 {
     m_sensor.detach();
-    if (m_root)
-        m_root->unref();
 }
 
 void SceneTreeModel::setRoot(SoNode* root)
@@ -65,9 +63,8 @@ void SceneTreeModel::setRoot(SoNode* root)
     beginResetModel();
     m_sensor.detach();
     m_sensor.take();
-    if (root)
-        root->ref();
-    SoNode* former = std::exchange(m_root, root);
+    const KlvContainerRef former = std::exchange(m_reference, KlvContainerRef(root));
+    m_root = root;
     m_top = std::make_unique<SceneTreeGroup>(nullptr, 0);
     if (root) {
         const SceneTreeGroup::Row row = rowFor(root);
@@ -76,8 +73,11 @@ void SceneTreeModel::setRoot(SoNode* root)
         m_sensor.attach(root);
     }
     endResetModel();
-    if (former)
-        former->unref();
+}
+
+void SceneTreeModel::setEmphasis(Emphasis isEmphasized)
+{
+    m_isEmphasized = std::move(isEmphasized);
 }
 
 SceneTreeGroup* SceneTreeModel::groupOf(const QModelIndex& parent) const
@@ -344,14 +344,25 @@ QVariant SceneTreeModel::data(const QModelIndex& index, int role) const
     case Qt::ForegroundRole:
         return leftOut ? QVariant(QGuiApplication::palette().brush(QPalette::Disabled, QPalette::Text))
                        : QVariant();
+    case Qt::BackgroundRole: {
+        QColor tint = QGuiApplication::palette().color(QPalette::Highlight);
+        tint.setAlphaF(0.25F);
+        return isEmphasized(live) ? QVariant(tint) : QVariant();
+    }
     case Qt::FontRole: {
-        QFont italic;
-        italic.setItalic(true);
-        return leftOut ? QVariant(italic) : QVariant();
+        QFont font;
+        font.setItalic(leftOut);
+        font.setBold(isEmphasized(live));
+        return font.italic() || font.bold() ? QVariant(font) : QVariant();
     }
     default:
         return {};
     }
+}
+
+bool SceneTreeModel::isEmphasized(const SoNode* node) const
+{
+    return m_isEmphasized && m_isEmphasized(node);
 }
 
 QString SceneTreeModel::toolTip(const SoNode* node) const

@@ -3,8 +3,12 @@
 #include "Models/SceneSensor.h"
 #include "Models/SceneTreeGroup.h"
 
+#include <KlvExtender/KlvContainerRef.h>
+
 #include <QAbstractItemModel>
 #include <QList>
+
+#include <functional>
 
 class SceneChildren;
 class SoNode;
@@ -38,6 +42,11 @@ public:
     /// Shows another graph, or none. The root is referenced while it is shown.
     void setRoot(SoNode* root);
     SoNode* root() const { return m_root; }
+
+    /// Which nodes stand out from the others: asked for every visible row that is painted, none at first. The
+    /// caller has the views painted again when the answers change.
+    using Emphasis = std::function<bool(const SoNode*)>;
+    void setEmphasis(Emphasis isEmphasized);
 
     /// The live node of a row; null when it is no longer in the graph there, or the index is not valid.
     SoNode* node(const QModelIndex& index) const;
@@ -79,9 +88,12 @@ private:
     void scheduleSynchronize();
     void compareRows(SceneTreeGroup* group, const SoNode* node);
     bool refreshExpandable(SceneTreeGroup* group) const;
+    bool isEmphasized(const SoNode* node) const;
     QString toolTip(const SoNode* node) const;
 
     SoNode* m_root = nullptr;
+    KlvContainerRef m_reference; // to the root
+    Emphasis m_isEmphasized;
     std::unique_ptr<SceneTreeGroup> m_top; // the group above the root, with one row
     SceneSensor m_sensor;
     bool m_scheduled = false;

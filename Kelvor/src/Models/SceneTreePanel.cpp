@@ -2,6 +2,7 @@
 
 #include "Models/SceneTreeModel.h"
 #include "Models/SceneTreeView.h"
+#include "Search/SearchBar.h"
 
 #include <KlvExtender/KlvServices.h>
 
@@ -9,6 +10,7 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QDockWidget>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -17,10 +19,13 @@
 SceneTreePanel::SceneTreePanel(QWidget* parent)
     : QWidget(parent)
     , m_model(new SceneTreeModel(this))
+    , m_search(new SearchBar(this))
+    , m_findAction(new QAction(tr("&Find Nodes"), this))
 {
     // Before the view's selection model hears of it: that would make a neighbour the current row.
     connect(m_model, &SceneTreeModel::rowsAboutToBeRemoved, this, &SceneTreePanel::rowsAboutToBeRemoved);
     connect(m_model, &SceneTreeModel::synchronized, this, &SceneTreePanel::findLostRow);
+    connect(m_model, &SceneTreeModel::synchronized, this, &SceneTreePanel::announceOccurrence);
 
     m_view = new SceneTreeView(m_model, this);
     m_view->setAccessibleName(tr("Scene tree"));
@@ -32,9 +37,29 @@ SceneTreePanel::SceneTreePanel(QWidget* parent)
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    layout->addWidget(m_search);
     layout->addWidget(m_view);
     setFocusProxy(m_view);
+    connectSearch();
     addActions();
+}
+
+void SceneTreePanel::connectSearch()
+{
+    m_model->setEmphasis([this](const SoNode* node) { return m_search->isMatch(node); });
+    connect(m_search, &SearchBar::matchesChanged, m_view->viewport(), QOverload<>::of(&QWidget::update));
+    connect(m_search, &SearchBar::matchChosen, this, &SceneTreePanel::select);
+    connect(m_search, &SearchBar::left, m_view, QOverload<>::of(&QWidget::setFocus));
+    connect(m_model, &SceneTreeModel::synchronized, m_search, &SearchBar::outdate);
+    connect(this, &SceneTreePanel::occurrenceChanged, m_search, &SearchBar::setPosition);
+
+    m_findAction->setShortcut(QKeySequence::Find);
+    m_findAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(m_findAction, &QAction::triggered, this, &SceneTreePanel::find);
+    addAction(m_findAction);
+    m_view->addAction(m_findAction);
+    QWidget::addActions(m_search->actions());
 }
 
 void SceneTreePanel::addActions()
@@ -57,12 +82,25 @@ void SceneTreePanel::addActions()
     m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
+void SceneTreePanel::find()
+{
+    for (QWidget* widget = this; widget; widget = widget->parentWidget()) {
+        if (auto* dock = qobject_cast<QDockWidget*>(widget)) {
+            dock->show();
+            dock->raise();
+        }
+    }
+    m_search->edit();
+}
+
 void SceneTreePanel::setRoot(SoNode* root)
 {
     if (root == m_model->root())
         return;
     m_rowLost = m_view->currentIndex().isValid();
     m_model->setRoot(root);
+    announceOccurrence();
+    m_search->setRoot(root);
     m_view->expand(m_model->index(0, 0));
     if (m_rowLost)
         findLostRow();
@@ -83,6 +121,21 @@ void SceneTreePanel::currentRowChanged(const QModelIndex& current)
 {
     if (!m_following)
         KlvServices::getInstance()->setSelectedNode(m_model->node(current));
+    announceOccurrence();
+}
+
+void SceneTreePanel::announceOccurrence()
+{
+    std::optional<QList<int>> path;
+    const QModelIndex current = m_view->currentIndex();
+    if (current.isValid())
+        path.emplace();
+    for (QModelIndex index = current; index.parent().isValid(); index = index.parent())
+        path->prepend(index.row());
+    if (path == m_occurrence)
+        return;
+    m_occurrence = path;
+    Q_EMIT occurrenceChanged(path);
 }
 
 void SceneTreePanel::rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last)
