@@ -1,6 +1,3 @@
-#include "Models/FieldListModel.h"
-#include "Models/FieldListPanel.h"
-#include "Models/FieldListView.h"
 #include "Models/SceneTreeModel.h"
 #include "Models/SceneTreePanel.h"
 #include "Models/SceneTreeView.h"
@@ -20,7 +17,7 @@
 
 #include <memory>
 
-/// Both panels on one small scene.
+/// The scene tree with its selection, on a small scene.
 class tst_ModelsPanels : public QObject
 {
     Q_OBJECT
@@ -39,7 +36,6 @@ private Q_SLOTS:
         m_cube = static_cast<SoCube*>(m_shared->getChild(0));
         m_services = KlvServices::getInstance();
         m_tree = std::make_unique<SceneTreePanel>();
-        m_fields = std::make_unique<FieldListPanel>();
         m_treeModel = m_tree->findChild<SceneTreeModel*>();
         m_treeView = m_tree->findChild<SceneTreeView*>();
         m_tree->setRoot(m_root);
@@ -48,7 +44,6 @@ private Q_SLOTS:
     void cleanup()
     {
         m_services->setSelectedNode(nullptr);
-        m_fields.reset();
         m_tree.reset();
         m_root->unref();
     }
@@ -126,33 +121,11 @@ private Q_SLOTS:
         QVERIFY(!m_services->getSelectedNode());
     }
 
-    void fieldsAndSelectionGoTogether()
+    void keysInTheTree()
     {
-        auto* model = m_fields->findChild<FieldListModel*>();
-        auto* view = m_fields->findChild<FieldListView*>();
-        m_tree->select({0, 0, 0});
-        QCOMPARE(model->rowCount(), 3);
-        QVERIFY(!view->currentIndex().isValid() && !m_services->getSelectedField());
-        view->setCurrentIndex(model->indexOf(&m_cube->height));
-        QCOMPARE(m_services->getSelectedField(), &m_cube->height);
-        m_services->setSelectedField(&m_cube->depth);
-        QCOMPARE(view->currentIndex(), model->indexOf(&m_cube->depth));
-        m_shared->removeAllChildren(); // deletes the cube, but for the selection
-        QCoreApplication::processEvents();
-        QVERIFY(model->rowCount() == 0 && !m_services->getSelectedField());
-    }
-
-    void keysInTheLists()
-    {
-        auto* view = m_fields->findChild<FieldListView*>();
-        m_fields->show();
         m_tree->show();
-        const auto activate = [](QWidget* panel) {
-            panel->activateWindow();
-            panel->setFocus();
-            return QTest::qWaitForWindowActive(panel);
-        };
-        QVERIFY(activate(m_tree.get()));
+        m_tree->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(m_tree.get()));
         m_tree->select({0, 0, 0});
         const auto copied = [](QWidget* widget, Qt::KeyboardModifiers modifiers) {
             QTest::keyClick(widget, Qt::Key_C, modifiers);
@@ -160,15 +133,6 @@ private Q_SLOTS:
         };
         QCOMPARE(copied(m_treeView, Qt::ControlModifier), QString("Box"));
         QCOMPARE(copied(m_treeView, Qt::ControlModifier | Qt::ShiftModifier), QString("Cube"));
-
-        QVERIFY(activate(m_fields.get()));
-        view->setCurrentIndex(view->model()->index(0, FieldListModel::ValueColumn));
-        QTest::keyClick(view, Qt::Key_D); // names are looked for, whatever column was clicked
-        QCOMPARE(m_services->getSelectedField(), &m_cube->depth);
-        QCOMPARE(copied(view, Qt::ControlModifier), QString("2"));
-        QSignalSpy activated(m_fields.get(), &FieldListPanel::fieldActivated);
-        QTest::keyClick(view, Qt::Key_Return);
-        QCOMPARE(activated.size(), 1);
     }
 
 private:
@@ -179,7 +143,6 @@ private:
     SoGroup* m_shared;
     SoCube* m_cube;
     std::unique_ptr<SceneTreePanel> m_tree;
-    std::unique_ptr<FieldListPanel> m_fields;
     SceneTreeModel* m_treeModel;
     SceneTreeView* m_treeView;
     KlvServices* m_services;

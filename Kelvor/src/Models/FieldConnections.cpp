@@ -10,28 +10,44 @@
 #include <Inventor/fields/SoFieldContainer.h>
 #include <Inventor/lists/SoFieldList.h>
 
-QStringList fieldSources(const SoField& field)
+namespace {
+
+FieldLink linkTo(SoFieldContainer* engine, const SbName& output)
 {
-    QStringList sources;
-    const auto add = [&sources](const SoBase* owner, const SbName& name) {
-        sources += objectKey(owner) + QLatin1Char('.') + QString::fromUtf8(name.getString());
-    };
+    return {engine, nullptr, objectKey(engine) + QLatin1Char('.') + QString::fromUtf8(output.getString())};
+}
+
+QList<FieldLink> linksTo(const SoFieldList& fields)
+{
+    QList<FieldLink> links;
+    for (int i = 0; i < fields.getLength(); ++i) {
+        if (SoFieldContainer* owner = fields[i]->getContainer())
+            links += {owner, fields[i], fieldLabel(*fields[i])};
+    }
+    return links;
+}
+
+} // namespace
+
+QList<FieldLink> fieldSources(const SoField& field)
+{
     SoFieldList masters;
     field.getConnections(masters);
-    for (int i = 0; i < masters.getLength(); ++i) {
-        SbName name;
-        const SoFieldContainer* owner = masters[i]->getContainer();
-        if (owner && owner->getFieldName(masters[i], name))
-            add(owner, name);
-    }
+    QList<FieldLink> sources = linksTo(masters);
     SoEngineOutput* output = nullptr;
     if (field.getConnectedEngine(output)) {
         SbName name;
-        if (const SoEngine* engine = output->getContainer(); engine && engine->getOutputName(output, name))
-            add(engine, name);
-        else if (const SoNodeEngine* node = output->getNodeContainer();
-                 node && node->getOutputName(output, name))
-            add(node, name);
+        if (SoEngine* engine = output->getContainer(); engine && engine->getOutputName(output, name))
+            sources += linkTo(engine, name);
+        else if (SoNodeEngine* node = output->getNodeContainer(); node && node->getOutputName(output, name))
+            sources += linkTo(node, name);
     }
     return sources;
+}
+
+QList<FieldLink> fieldTargets(const SoField& field)
+{
+    SoFieldList slaves;
+    field.getForwardConnections(slaves);
+    return linksTo(slaves);
 }

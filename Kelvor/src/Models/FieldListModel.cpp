@@ -2,18 +2,23 @@
 
 #include "Models/FieldConnections.h"
 #include "Models/FieldPreview.h"
+#include "Models/FieldWatch.h"
+#include "Models/ObjectLabel.h"
+
+#include <KlvExtender/KlvChanges.h>
+#include <KlvExtender/KlvServices.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoFieldContainer.h>
 #include <Inventor/fields/SoMFColor.h>
 #include <Inventor/fields/SoSFColor.h>
 #include <Inventor/lists/SoFieldList.h>
-#include <Inventor/sensors/SoFieldSensor.h>
 
 #include <QColor>
 #include <QFont>
 #include <QGuiApplication>
 #include <QIcon>
+#include <QPainter>
 #include <QPalette>
 
 #include <algorithm>
@@ -21,20 +26,30 @@
 
 struct FieldListModel::Row
 {
-    Row(FieldListModel* owner, SoField* listed, const SbName& fieldName)
-        : model(owner)
-        , field(listed)
-        , name(QString::fromUtf8(fieldName.getString()))
-        , sensor(&FieldListModel::fieldChanged, this)
+    Row(FieldListModel* model, const SoFieldContainer* container, SoField* field)
+        : watch(
+              field,
+              [this, model] {
+                  changed = true;
+                  if (!model->m_refresh.isActive())
+                      model->m_refresh.start();
+              },
+              [model] {
+                  // The container may be half destroyed: views hear of it later.
+                  if (!std::exchange(model->m_removalScheduled, true))
+                      QMetaObject::invokeMethod(model, &FieldListModel::removeDestroyed,
+                                                Qt::QueuedConnection);
+              })
     {
-        sensor.setDeleteCallback(&FieldListModel::fieldDestroyed, this);
-        sensor.attach(listed);
+        SbName fieldName;
+        container->getFieldName(field, fieldName);
+        name = QString::fromUtf8(fieldName.getString());
+        watch.setHearing(model->m_live);
     }
 
-    FieldListModel* model;
-    SoField* field; // null once it was destroyed
     QString name;
-    SoFieldSensor sensor;
+    bool changed = false; // since views were told
+    FieldWatch watch;
 };
 
 namespace {
@@ -48,9 +63,14 @@ QString stateText(const SoField& field)
         states += FieldListModel::tr("event out");
     else if (field.isDefault())
         states += FieldListModel::tr("default");
+    if (KlvServices::getInstance()->getChanges()->isChanged(&field))
+        states += FieldListModel::tr("changed");
     if (field.isIgnored())
         states += FieldListModel::tr("ignored");
-    if (const QStringList sources = fieldSources(field); !sources.isEmpty())
+    QStringList sources;
+    for (const FieldLink& source : fieldSources(field))
+        sources += source.label;
+    if (!sources.isEmpty())
         states += FieldListModel::tr("connected to %1").arg(sources.join(QLatin1String(", ")));
     return states.join(QLatin1String(", "));
 }
@@ -68,6 +88,11 @@ QVariant swatchOf(const SoField& field)
     const auto part = [&color](int i) { return std::clamp(color[i], 0.0F, 1.0F); };
     QPixmap swatch(16, 16);
     swatch.fill(QColor::fromRgbF(part(0), part(1), part(2)));
+    // The color of the list itself would not be seen without an outline.
+    QPainter painter(&swatch);
+    painter.setPen(QGuiApplication::palette().color(QPalette::PlaceholderText));
+    painter.drawRect(0, 0, swatch.width() - 1, swatch.height() - 1);
+    painter.end();
     QIcon icon(swatch);
     icon.addPixmap(swatch, QIcon::Selected);
     return icon;
@@ -81,25 +106,15 @@ QFont fontOf(const SoField& field, int column)
     return font;
 }
 
-QString displayText(SoField& field, const QString& name, int column)
-{
-    switch (column) {
-    case FieldListModel::NameColumn:
-        return name;
-    case FieldListModel::TypeColumn:
-        return QString::fromUtf8(field.getTypeId().getName().getString());
-    case FieldListModel::ValueColumn:
-        return fieldPreview(field);
-    default:
-        return stateText(field);
-    }
-}
-
 } // namespace
 
 FieldListModel::FieldListModel(QObject* parent)
     : QAbstractTableModel(parent)
 {
+    m_refresh.setSingleShot(true);
+    m_refresh.setTimerType(Qt::PreciseTimer);
+    m_refresh.setInterval(16);
+    connect(&m_refresh, &QTimer::timeout, this, &FieldListModel::refreshChanged);
 }
 
 FieldListModel::~FieldListModel() = default;
@@ -108,27 +123,51 @@ void FieldListModel::setContainer(SoFieldContainer* container)
 {
     beginResetModel();
     m_rows.clear();
+    m_nameOwners = false;
     SoFieldList fields;
     if (container)
         container->getAllFields(fields);
-    for (int i = 0; i < fields.getLength(); ++i) {
-        SbName name;
-        container->getFieldName(fields[i], name);
-        m_rows.push_back(std::make_unique<Row>(this, fields[i], name));
-    }
+    for (int i = 0; i < fields.getLength(); ++i)
+        m_rows.push_back(std::make_unique<Row>(this, container, fields[i]));
     endResetModel();
+}
+
+void FieldListModel::append(SoField* field)
+{
+    beginInsertRows(QModelIndex(), rowCount(), rowCount());
+    m_nameOwners = true;
+    m_rows.push_back(std::make_unique<Row>(this, field->getContainer(), field));
+    endInsertRows();
+}
+
+void FieldListModel::remove(const SoField* field)
+{
+    if (const QModelIndex index = indexOf(field); index.isValid())
+        removeRow(index.row());
 }
 
 SoField* FieldListModel::field(const QModelIndex& index) const
 {
-    return index.isValid() ? m_rows[index.row()]->field : nullptr;
+    return index.isValid() ? m_rows[index.row()]->watch.field() : nullptr;
 }
 
 QModelIndex FieldListModel::indexOf(const SoField* field) const
 {
-    const auto found = std::find_if(m_rows.begin(), m_rows.end(),
-                                    [field](const auto& row) { return field && row->field == field; });
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [field](const auto& row) {
+        return field && row->watch.field() == field;
+    });
     return found == m_rows.end() ? QModelIndex() : index(static_cast<int>(found - m_rows.begin()), 0);
+}
+
+void FieldListModel::setLive(bool live)
+{
+    if (live == m_live)
+        return;
+    m_live = live;
+    for (const auto& row : m_rows)
+        row->watch.setHearing(live);
+    if (live)
+        refreshStates();
 }
 
 void FieldListModel::refreshStates()
@@ -137,34 +176,37 @@ void FieldListModel::refreshStates()
         Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
 }
 
-void FieldListModel::fieldChanged(void* row, SoSensor*)
+void FieldListModel::refreshChanged()
 {
-    const auto* changed = static_cast<Row*>(row);
-    FieldListModel* model = changed->model;
-    const QModelIndex index = model->indexOf(changed->field);
-    if (index.isValid())
-        Q_EMIT model->dataChanged(index, index.siblingAtColumn(ColumnCount - 1));
-}
-
-void FieldListModel::fieldDestroyed(void* row, SoSensor*)
-{
-    // The container may be half destroyed: views hear of it later.
-    auto* destroyed = static_cast<Row*>(row);
-    destroyed->field = nullptr;
-    if (!std::exchange(destroyed->model->m_removalScheduled, true))
-        QMetaObject::invokeMethod(destroyed->model, &FieldListModel::removeDestroyed, Qt::QueuedConnection);
+    int first = -1;
+    int last = -1;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (!std::exchange(m_rows[row]->changed, false))
+            continue;
+        first = first < 0 ? row : first;
+        last = row;
+    }
+    if (first >= 0)
+        Q_EMIT dataChanged(index(first, 0), index(last, ColumnCount - 1));
 }
 
 void FieldListModel::removeDestroyed()
 {
     m_removalScheduled = false;
     for (int row = rowCount(); row-- > 0;) {
-        if (m_rows[row]->field)
-            continue;
-        beginRemoveRows(QModelIndex(), row, row);
-        m_rows.erase(m_rows.begin() + row);
-        endRemoveRows();
+        if (!m_rows[row]->watch.field())
+            removeRow(row);
     }
+}
+
+bool FieldListModel::removeRows(int first, int count, const QModelIndex& parent)
+{
+    if (parent.isValid() || first < 0 || count < 1 || count > rowCount() - first)
+        return false;
+    beginRemoveRows(QModelIndex(), first, first + count - 1);
+    m_rows.erase(m_rows.begin() + first, m_rows.begin() + first + count);
+    endRemoveRows();
+    return true;
 }
 
 int FieldListModel::rowCount(const QModelIndex& parent) const
@@ -177,16 +219,39 @@ int FieldListModel::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : ColumnCount;
 }
 
+QString FieldListModel::text(const QModelIndex& index) const
+{
+    const Row& row = *m_rows[index.row()];
+    SoField& field = *row.watch.field();
+    switch (index.column()) {
+    case NameColumn:
+        return m_nameOwners ? fieldLabel(field) : row.name;
+    case TypeColumn:
+        return QString::fromUtf8(field.getTypeId().getName().getString());
+    case ValueColumn:
+        return fieldPreview(field);
+    default:
+        return stateText(field);
+    }
+}
+
 QVariant FieldListModel::data(const QModelIndex& index, int role) const
 {
     SoField* shown = field(index);
     if (!shown)
         return {};
     switch (role) {
+    case FieldRole:
+        return QVariant::fromValue(shown);
     case Qt::DisplayRole:
-        return displayText(*shown, m_rows[index.row()]->name, index.column());
-    case Qt::ToolTipRole:
-        return index.column() == StateColumn ? QVariant(stateText(*shown)) : QVariant();
+        return text(index);
+    case Qt::ToolTipRole: // columns may be narrow, or hidden
+        return index.column() == ValueColumn
+                   ? text(index)
+                   : QStringList{text(index.siblingAtColumn(NameColumn)),
+                                 text(index.siblingAtColumn(TypeColumn)), stateText(*shown)}
+                         .join(QLatin1Char('\n'))
+                         .trimmed();
     case Qt::DecorationRole:
         return index.column() == ValueColumn ? swatchOf(*shown) : QVariant();
     case Qt::FontRole:

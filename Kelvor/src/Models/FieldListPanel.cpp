@@ -1,79 +1,111 @@
 #include "Models/FieldListPanel.h"
 
+#include "Models/FieldActions.h"
+#include "Models/FieldFilter.h"
+#include "Models/FieldFilterBar.h"
 #include "Models/FieldListModel.h"
 #include "Models/FieldListView.h"
+#include "Models/FieldTrail.h"
 #include "Models/ObjectLabel.h"
+#include "Models/PinnedFields.h"
 
+#include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvServices.h>
 
 #include <Inventor/fields/SoFieldContainer.h>
 
 #include <QAction>
-#include <QClipboard>
-#include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QScopedValueRollback>
+#include <QToolButton>
 #include <QUndoStack>
 #include <QVBoxLayout>
 
 FieldListPanel::FieldListPanel(QWidget* parent)
     : QWidget(parent)
     , m_model(new FieldListModel(this))
-    , m_view(new FieldListView(this))
+    , m_filter(new FieldFilter(m_model, this))
+    , m_trail(new FieldTrail(this))
+    , m_pins(new PinnedFields(this))
     , m_title(new QLabel(this))
+    , m_bar(new FieldFilterBar(m_filter, this))
+    , m_view(new FieldListView(m_model, m_filter, this))
+    , m_hint(new QWidget(this))
+    , m_hintText(new QLabel(m_hint))
 {
     m_title->setTextFormat(Qt::PlainText);
     m_title->setContentsMargins(6, 4, 6, 2);
     m_title->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_hintText->setWordWrap(true);
+    auto* showAll = new QToolButton(m_hint);
+    showAll->setText(tr("Show all"));
+    auto* hintLayout = new QHBoxLayout(m_hint);
+    hintLayout->setContentsMargins(6, 2, 4, 2);
+    hintLayout->addWidget(m_hintText, 1);
+    hintLayout->addWidget(showAll);
 
     m_view->setAccessibleName(tr("Fields"));
-    // A field that is destroyed must not make a neighbour the current row; the selection clears itself.
-    connect(m_model, &FieldListModel::rowsAboutToBeRemoved, this,
-            [this](const QModelIndex&, int first, int last) {
-                const QModelIndex current = m_view->currentIndex();
-                if (current.row() >= first && current.row() <= last)
-                    follow(nullptr);
-            });
-    m_view->setModel(m_model);
     m_view->header()->resizeSection(FieldListModel::NameColumn, 130);
     m_view->header()->resizeSection(FieldListModel::TypeColumn, 90);
-    m_view->header()->resizeSection(FieldListModel::StateColumn, 110);
+    m_view->header()->resizeSection(FieldListModel::StateColumn, 90);
     m_view->header()->setStretchLastSection(false);
     m_view->header()->setSectionResizeMode(FieldListModel::ValueColumn, QHeaderView::Stretch);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(m_title);
-    layout->addWidget(m_view);
+    for (QWidget* part : std::initializer_list<QWidget*>{m_pins, m_title, m_bar, m_view, m_hint})
+        layout->addWidget(part);
+    layout->setStretchFactor(m_view, 1);
     setFocusProxy(m_view);
-    addActions();
+    addKeys(m_view, {Qt::CTRL | Qt::Key_D});
+    addKeys(m_pins->view(), {Qt::CTRL | Qt::Key_D, Qt::Key_Delete});
 
-    connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            &FieldListPanel::currentRowChanged);
-    connect(m_view, &QAbstractItemView::activated, this, &FieldListPanel::fieldActivated);
+    connect(m_bar, &FieldFilterBar::entered, this, &FieldListPanel::enterList);
+    connect(m_bar, &FieldFilterBar::left, m_view, qOverload<>(&QWidget::setFocus));
+    connect(showAll, &QToolButton::clicked, m_bar, &FieldFilterBar::showAll);
+    connect(m_filter, &FieldFilter::rowsInserted, this, &FieldListPanel::updateHint);
+    connect(m_filter, &FieldFilter::rowsRemoved, this, &FieldListPanel::updateHint);
+    connect(m_filter, &FieldFilter::modelReset, this, &FieldListPanel::updateHint);
 
     KlvServices* services = KlvServices::getInstance();
     connect(services, &KlvServices::selectedNodeChanged, this, &FieldListPanel::showContainer);
     connect(services, &KlvServices::selectedFieldChanged, this, &FieldListPanel::follow);
     connect(services->getUndoStack(), &QUndoStack::indexChanged, m_model, &FieldListModel::refreshStates);
+    connect(services->getChanges(), &KlvChanges::changed, m_model, &FieldListModel::refreshStates);
     showContainer(services->getSelectedNode());
     follow(services->getSelectedField());
 }
 
-void FieldListPanel::addActions()
+void FieldListPanel::addKeys(FieldListView* view, const QList<QKeySequence>& pinKeys)
 {
-    const auto add = [this](const QString& text, const QKeySequence& keys, int column) {
-        auto* action = new QAction(text, m_view);
-        action->setShortcut(keys);
-        action->setShortcutContext(Qt::WidgetShortcut);
-        connect(action, &QAction::triggered, this, [this, column] { copy(column); });
-        m_view->addAction(action);
-    };
-    add(tr("Copy Value"), QKeySequence::Copy, FieldListModel::ValueColumn);
-    add(tr("Copy Name"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, FieldListModel::NameColumn);
-    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    const auto* actions = new FieldActions(view, m_pins, m_trail, pinKeys, this);
+    connect(actions, &FieldActions::problem, this, &FieldListPanel::problem);
+    const QAction* find =
+        view->addListAction(tr("Filter"), {QKeySequence::Find, Qt::Key_Slash, Qt::SHIFT | Qt::Key_Slash});
+    connect(find, &QAction::triggered, m_bar, &FieldFilterBar::start);
+    connect(view, &QAbstractItemView::activated, this, &FieldListPanel::fieldActivated);
+}
+
+void FieldListPanel::clearPins()
+{
+    m_pins->clear();
+    m_trail->clear();
+}
+
+void FieldListPanel::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    // Values need the room more than types do.
+    m_view->setColumnHidden(FieldListModel::TypeColumn, width() < 64 * fontMetrics().averageCharWidth());
+}
+
+void FieldListPanel::enterList()
+{
+    m_view->setFocus();
+    if (!m_view->currentIndex().isValid())
+        m_view->setCurrentIndex(m_filter->index(0, FieldListModel::NameColumn));
 }
 
 void FieldListPanel::showContainer(SoFieldContainer* container)
@@ -84,25 +116,14 @@ void FieldListPanel::showContainer(SoFieldContainer* container)
 
 void FieldListPanel::follow(SoField* field)
 {
-    const QScopedValueRollback following(m_following, true);
-    const QModelIndex index = m_model->indexOf(field);
-    if (index.isValid() && index.row() == m_view->currentIndex().row())
-        return;
-    m_view->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect |
-                                                         QItemSelectionModel::Rows);
-    if (index.isValid())
-        m_view->scrollTo(index);
+    m_filter->keep(field);
+    m_view->follow(field);
 }
 
-void FieldListPanel::currentRowChanged(const QModelIndex& current)
+void FieldListPanel::updateHint()
 {
-    if (!m_following)
-        KlvServices::getInstance()->setSelectedField(m_model->field(current));
-}
-
-void FieldListPanel::copy(int column) const
-{
-    const QModelIndex current = m_view->currentIndex();
-    if (current.isValid())
-        QGuiApplication::clipboard()->setText(current.siblingAtColumn(column).data().toString());
+    const int hidden = m_filter->hiddenCount();
+    m_hint->setVisible(hidden > 0);
+    m_hintText->setText(hidden == 1 ? tr("1 field is hidden by the filter.")
+                                    : tr("%1 fields are hidden by the filter.").arg(hidden));
 }

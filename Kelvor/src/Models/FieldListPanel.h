@@ -2,14 +2,19 @@
 
 #include <QWidget>
 
+class FieldFilter;
+class FieldFilterBar;
 class FieldListModel;
 class FieldListView;
+class FieldTrail;
+class PinnedFields;
 class QLabel;
 class SoField;
 class SoFieldContainer;
 
-/// The fields of the container selected in `KlvServices`, with the selection of a field: the current row is
-/// the selected field and the other way round.
+/// The fields of the container selected in `KlvServices`, with a filter, and above them those that were
+/// pinned. The current row is the selected field and the other way round. The selected field is listed
+/// whatever the filter says.
 class FieldListPanel : public QWidget
 {
     Q_OBJECT
@@ -17,19 +22,33 @@ class FieldListPanel : public QWidget
 public:
     explicit FieldListPanel(QWidget* parent = nullptr);
 
+    /// Unpins all fields and forgets which were visited: another scene is shown.
+    void clearPins();
+
 Q_SIGNALS:
     /// A field was double-clicked, or Return pressed on it: its editor is wanted.
     void fieldActivated();
+    /// Something could not be done: a sentence.
+    void problem(const QString& sentence);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void addActions();
+    void addKeys(FieldListView* view, const QList<QKeySequence>& pinKeys);
+    void enterList();
     void showContainer(SoFieldContainer* container);
     void follow(SoField* field);
-    void currentRowChanged(const QModelIndex& current);
-    void copy(int column) const;
+    void updateHint();
 
     FieldListModel* m_model;
-    FieldListView* m_view;
+    FieldFilter* m_filter;
+    FieldTrail* m_trail;
+    // From top to bottom, which is also the order of Tab.
+    PinnedFields* m_pins;
     QLabel* m_title;
-    bool m_following = false; // the current row changes because of the selection, or goes
+    FieldFilterBar* m_bar;
+    FieldListView* m_view;
+    QWidget* m_hint;
+    QLabel* m_hintText;
 };

@@ -1,22 +1,18 @@
 #include "Models/NodeIcon.h"
 
+#include "Models/DrawnIcon.h"
+
 #include <Inventor/VRMLnodes/SoVRMLNodes.h>
 #include <Inventor/nodekits/SoBaseKit.h>
 #include <Inventor/nodekits/SoNodeKitListPart.h>
 #include <Inventor/nodes/SoNodes.h>
 
-#include <QGuiApplication>
-#include <QIconEngine>
 #include <QPainter>
-#include <QPalette>
 
 #include <algorithm>
 #include <unordered_map>
 
 namespace {
-
-/// Draws into a square of 16 units.
-using Drawing = void (*)(QPainter&);
 
 void drawGroup(QPainter& painter)
 {
@@ -100,55 +96,10 @@ void drawOther(QPainter& painter)
     painter.drawPolygon(QPolygonF({{8, 3.5}, {12.5, 8}, {8, 12.5}, {3.5, 8}}));
 }
 
-class NodeIconEngine : public QIconEngine
-{
-public:
-    explicit NodeIconEngine(Drawing drawing)
-        : m_drawing(drawing)
-    {
-    }
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override
-    {
-        const QPalette palette = QGuiApplication::palette();
-        const QColor line =
-            mode == QIcon::Selected
-                ? palette.color(QPalette::HighlightedText)
-                : palette.color(mode == QIcon::Disabled ? QPalette::Disabled : QPalette::Active,
-                                QPalette::Text);
-        QColor fill = mode == QIcon::Selected ? line : palette.color(QPalette::Highlight);
-        fill.setAlphaF(0.35F);
-        const qreal unit = std::min(rect.width(), rect.height()) / 16.0;
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(rect.center().x() + 0.5 - 7.5 * unit - unit / 2,
-                           rect.center().y() + 0.5 - 7.5 * unit - unit / 2);
-        painter->scale(unit, unit);
-        painter->setPen(QPen(line, 1));
-        painter->setBrush(fill);
-        m_drawing(*painter);
-        painter->restore();
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, QRect(QPoint(), size), mode, state);
-        return pixmap;
-    }
-
-    QIconEngine* clone() const override { return new NodeIconEngine(m_drawing); }
-
-private:
-    Drawing m_drawing;
-};
-
 struct Family
 {
     SoType (*type)();
-    Drawing drawing;
+    DrawnIcon::Drawing drawing;
 };
 
 /// The first family that a node's type derives from is its own.
@@ -203,7 +154,7 @@ QIcon NodeIcon::forNode(const SoNode* node)
         const auto* family =
             std::find_if(std::begin(families), std::end(families),
                          [type](const Family& each) { return type.isDerivedFrom(each.type()); });
-        icon = QIcon(new NodeIconEngine(family->drawing));
+        icon = DrawnIcon::of(family->drawing);
     }
     return icon;
 }

@@ -1,6 +1,8 @@
 #include "Models/ObjectLabel.h"
 
 #include <Inventor/SbName.h>
+#include <Inventor/fields/SoField.h>
+#include <Inventor/fields/SoFieldContainer.h>
 #include <Inventor/misc/SoBase.h>
 
 #include <QCoreApplication>
@@ -18,4 +20,11 @@ QString objectKey(const SoBase* object)
 {
     const SbName name = object->getName();
     return QString::fromUtf8((name.getLength() > 0 ? name : object->getTypeId().getName()).getString());
+}
+
+QString fieldLabel(const SoField& field)
+{
+    SbName name;
+    field.getContainer()->getFieldName(&field, name);
+    return objectKey(field.getContainer()) + QLatin1Char('.') + QString::fromUtf8(name.getString());
 }
