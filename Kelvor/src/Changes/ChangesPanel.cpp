@@ -1,0 +1,225 @@
+#include "Changes/ChangesPanel.h"
+
+#include "Changes/ChangesModel.h"
+#include "Changes/SceneCode.h"
+#include "Changes/ScenePlace.h"
+
+#include <KlvExtender/KlvChanges.h>
+#include <KlvExtender/KlvServices.h>
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QStackedLayout>
+#include <QStyledItemDelegate>
+#include <QToolButton>
+#include <QTreeView>
+
+#include <algorithm>
+
+namespace {
+
+/// Leaves out the middle of ways to nodes that are too long: where they end tells most, then where they
+/// begin.
+class PathDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->textElideMode = Qt::ElideMiddle;
+        constexpr int margins = 14;
+        const int width = option->rect.width() - option->decorationSize.width() - margins;
+        const auto isTooLong = [&] {
+            return width > 0 && option->fontMetrics.horizontalAdvance(option->text) > width;
+        };
+        const QString between = ScenePlace::separator();
+        const QStringList steps = option->text.split(between);
+        for (qsizetype kept = steps.size() - 2; kept >= 0 && isTooLong(); --kept) {
+            const QStringList ends = steps.mid(steps.size() - std::max<qsizetype>(kept, 1));
+            option->text = (kept > 0 ? steps.constFirst() + between : QString()) + QStringLiteral("…") +
+                           between + ends.join(between);
+        }
+    }
+};
+
+} // namespace
+
+ChangesPanel::ChangesPanel(QWidget* parent)
+    : QWidget(parent)
+    , m_changes(KlvServices::getInstance()->getChanges())
+    , m_model(new ChangesModel(m_changes, this))
+    , m_view(new QTreeView)
+    , m_pages(new QStackedLayout)
+{
+    m_view->setAccessibleName(tr("Changes"));
+    m_view->setModel(m_model);
+    m_view->setRootIsDecorated(false);
+    m_view->setItemsExpandable(false);
+    m_view->setUniformRowHeights(true);
+    m_view->setSelectionMode(QTreeView::ExtendedSelection);
+    m_view->setAllColumnsShowFocus(true);
+    m_view->setAlternatingRowColors(true);
+    m_view->setItemDelegateForColumn(ChangesModel::NodeColumn, new PathDelegate(m_view));
+    QHeaderView* header = m_view->header();
+    header->resizeSection(ChangesModel::NodeColumn, 170);
+    header->resizeSection(ChangesModel::FieldColumn, 110);
+    header->resizeSection(ChangesModel::OriginalColumn, 130);
+
+    auto* empty = new QLabel(tr("Nothing has been changed since the scene was opened."));
+    empty->setAlignment(Qt::AlignCenter);
+    empty->setWordWrap(true);
+    empty->setForegroundRole(QPalette::PlaceholderText);
+    empty->setMargin(12);
+    m_pages->addWidget(empty);
+    m_pages->addWidget(m_view);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(m_pages);
+    setFocusProxy(m_view);
+    addActions();
+
+    connect(m_view, &QTreeView::clicked, this, &ChangesPanel::select);
+    connect(m_view, &QTreeView::activated, this, &ChangesPanel::select);
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ChangesPanel::updateActions);
+    connect(m_model, &ChangesModel::rowsInserted, this, &ChangesPanel::showRows);
+    connect(m_model, &ChangesModel::rowsRemoved, this, &ChangesPanel::showRows);
+    showRows();
+}
+
+void ChangesPanel::addActions()
+{
+    auto* buttons = new QHBoxLayout;
+    buttons->setContentsMargins(4, 4, 4, 4);
+    buttons->setSpacing(4);
+    m_revert = addAction(tr("Revert"), tr("Make the selected fields what they were"), Qt::Key_Delete,
+                         &ChangesPanel::revertSelected, buttons);
+    m_revertAll = addAction(tr("Revert All"), tr("Make all fields what they were"), QKeySequence(),
+                            &ChangesPanel::revertAll, buttons);
+    buttons->addStretch();
+    m_copyInventor =
+        addAction(tr("Copy as Inventor"), tr("Copy the selected changes, or all, as Inventor text"),
+                  QKeySequence::Copy, &ChangesPanel::copyInventor, buttons);
+    m_copyCpp = addAction(tr("Copy as C++"), tr("Copy the selected changes, or all, as C++ statements"),
+                          Qt::CTRL | Qt::SHIFT | Qt::Key_C, &ChangesPanel::copyCpp, buttons);
+    m_copyPath = addAction(tr("Copy Path"), tr("Copy the way to the node"), QKeySequence(),
+                           &ChangesPanel::copyPaths, nullptr);
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    static_cast<QBoxLayout*>(layout())->addLayout(buttons);
+}
+
+QAction* ChangesPanel::addAction(const QString& text, const QString& toolTip, const QKeySequence& keys,
+                                 void (ChangesPanel::*triggered)(), QBoxLayout* buttons)
+{
+    auto* action = new QAction(text, m_view);
+    action->setToolTip(keys.isEmpty() ? toolTip
+                                      : tr("%1 (%2)").arg(toolTip, keys.toString(QKeySequence::NativeText)));
+    action->setShortcut(keys);
+    action->setShortcutContext(Qt::WidgetShortcut);
+    connect(action, &QAction::triggered, this, triggered);
+    m_view->addAction(action);
+    if (buttons) {
+        auto* button = new QToolButton;
+        button->setDefaultAction(action);
+        buttons->addWidget(button);
+    }
+    return action;
+}
+
+void ChangesPanel::setRoot(SoNode* root)
+{
+    m_model->setRoot(root);
+}
+
+int ChangesPanel::count() const
+{
+    return m_model->rowCount();
+}
+
+void ChangesPanel::showRows()
+{
+    m_pages->setCurrentIndex(count() > 0 ? 1 : 0);
+    updateActions();
+    Q_EMIT countChanged(count());
+}
+
+void ChangesPanel::updateActions()
+{
+    const bool isSelected = m_view->selectionModel()->hasSelection();
+    m_revert->setEnabled(isSelected);
+    m_copyPath->setEnabled(isSelected);
+    for (QAction* action : {m_revertAll, m_copyInventor, m_copyCpp})
+        action->setEnabled(count() > 0);
+}
+
+void ChangesPanel::select(const QModelIndex& index)
+{
+    m_model->findPlace(index);
+    KlvServices::getInstance()->setSelectedField(m_model->field(index));
+}
+
+QList<SoField*> ChangesPanel::selectedFields() const
+{
+    QModelIndexList rows = m_view->selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
+    QList<SoField*> fields;
+    for (const QModelIndex& row : rows)
+        fields.append(m_model->field(row));
+    return fields;
+}
+
+QList<SoField*> ChangesPanel::fieldsToCopy() const
+{
+    const QList<SoField*> selected = selectedFields();
+    return selected.isEmpty() ? m_model->fields() : selected;
+}
+
+void ChangesPanel::revertSelected()
+{
+    revert(selectedFields());
+}
+
+void ChangesPanel::revertAll()
+{
+    revert(m_model->fields());
+}
+
+void ChangesPanel::revert(const QList<SoField*>& fields)
+{
+    m_changes->revert(fields);
+    const auto unknown = std::count_if(fields.begin(), fields.end(), [this](const SoField* field) {
+        return m_changes->isChanged(field) && !m_changes->getOriginal(field);
+    });
+    if (unknown > 0)
+        Q_EMIT problem(tr("%1 of the fields cannot be reverted, because their original values are not known.")
+                           .arg(unknown));
+}
+
+void ChangesPanel::copyInventor()
+{
+    QGuiApplication::clipboard()->setText(SceneCode::inventorText(fieldsToCopy(), m_model->root()));
+}
+
+void ChangesPanel::copyCpp()
+{
+    QGuiApplication::clipboard()->setText(SceneCode::cppStatements(fieldsToCopy(), m_model->root()));
+}
+
+void ChangesPanel::copyPaths()
+{
+    QModelIndexList rows = m_view->selectionModel()->selectedRows(ChangesModel::NodeColumn);
+    std::sort(rows.begin(), rows.end());
+    QStringList paths;
+    for (const QModelIndex& row : rows)
+        paths += row.data().toString();
+    paths.removeDuplicates();
+    QGuiApplication::clipboard()->setText(paths.join(QLatin1Char('\n')));
+}
