@@ -16,6 +16,9 @@ install(TARGETS qor_kelvor_extender kelvor_host EXPORT KelvorTargets
     FILE_SET HEADERS DESTINATION include)
 install(TARGETS qor_kelvor_extender_base LIBRARY DESTINATION ${KELVOR_INSTALL_PLUGINDIR})
 
+# The menu entry, its icons, and what the system has to know of the files.
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/share/ DESTINATION share)
+
 install(EXPORT KelvorTargets NAMESPACE Kelvor:: DESTINATION ${KELVOR_INSTALL_CMAKEDIR})
 configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/KelvorConfig.cmake.in
     ${PROJECT_BINARY_DIR}/cmake/KelvorConfig.cmake

@@ -103,6 +103,9 @@ SoTransform* TransformEditor::node() const
 
 void TransformEditor::refresh()
 {
+    // A sensor that was scheduled before its node was taken away still comes.
+    if (!node())
+        return;
     m_translation->setNumbers(node()->translation.getValue());
     m_scale->setNumbers(node()->scaleFactor.getValue());
     // Many angles make the same rotation: those that were entered stay as long as they do.

@@ -14,6 +14,7 @@
 #include <Inventor/nodes/SoSeparator.h>
 
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QTemporaryDir>
@@ -126,6 +127,37 @@ private Q_SLOTS:
         QTRY_COMPARE(m_window->document()->fileName(), other);
         QCOMPARE(m_services->getUndoStack()->count(), 0);
         QCOMPARE(m_services->getSelectedNode(), nullptr);
+    }
+
+    void savesInPlace()
+    {
+        m_services->setSelectedField(&cone()->height);
+        QTest::keyClicks(input(), "1.25"); // not taken yet
+        QTest::keyClick(m_window.get(), Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(!m_window->isWindowModified());
+        QTest::keyClicks(input(), "2.25");
+        Answer save(QMessageBox::Save);
+        QVERIFY(m_window->close());
+        QFile file(m_folder.filePath("cone.iv"));
+        QVERIFY(file.open(QFile::ReadOnly));
+        QVERIFY(file.readAll().contains("height 2.25"));
+        QVERIFY(QDir(m_folder.path()).entryList(QDir::Files).filter("cone").size() == 1);
+    }
+
+    void savesAsAnotherFileWhatMustNotBeOverwritten()
+    {
+        const QString file = write("odd.iv", "#Inventor V2.1 ascii\nCone {}\n} Cube {}\n");
+        m_window->documentActions()->open(file);
+        QTimer::singleShot(0, this, [] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            QVERIFY(dialog);
+            dialog->reject();
+        });
+        m_services->setSelectedField(&cone()->height);
+        QTest::keyClicks(input(), "9\r");
+        QTest::keyClick(m_window.get(), Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(m_window->isWindowModified());
+        m_services->getUndoStack()->setClean();
     }
 
     void typedTextThatIsNotTakenYetIsAChange()

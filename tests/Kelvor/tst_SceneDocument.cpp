@@ -81,6 +81,24 @@ private Q_SLOTS:
         QCOMPARE(changed.count(), 0);
     }
 
+    void readingCanBeCancelled()
+    {
+        QVERIFY2(m_document->open(write("good.iv", inventor + "Cone {}"), &m_error), qPrintable(m_error));
+        SoNode* const before = m_document->root();
+        const QString large =
+            write("large.iv", inventor + "Separator {" + QByteArray("Cube { width 2 }\n").repeated(200000) + "}");
+        double share = 0;
+        const auto cancelLater = [&share](double now) {
+            const bool grows = now > std::exchange(share, now) && now <= 1;
+            return grows && now < 0.3;
+        };
+        QVERIFY(!m_document->open(large, &m_error, cancelLater) && m_error.isEmpty());
+        QVERIFY(share >= 0.3 && share < 0.9);
+        QCOMPARE(m_document->root(), before);
+        QCOMPARE(m_document->fileName(), path("good.iv"));
+        QVERIFY(m_document->open(large, &m_error, [](double) { return true; }));
+    }
+
     void tellsWhatWasWrong()
     {
         const QByteArray trailing = inventor + "Separator { Cone {} }\n} Cube {}\n";
@@ -92,6 +110,7 @@ private Q_SLOTS:
         for (const auto& [content, warnings] : tries) {
             QVERIFY2(m_document->open(write("scene.iv", content), &m_error), qPrintable(m_error));
             QCOMPARE(m_document->warnings().size(), warnings.size());
+            QCOMPARE(m_document->canOverwrite(), warnings.isEmpty()); // what was not read would be lost
             QCOMPARE(m_document->warnings().filter(warnings.value(0)).size(), warnings.size());
         }
     }
@@ -113,6 +132,7 @@ private Q_SLOTS:
         box.apply(m_document->root());
         QCOMPARE(box.getBoundingBox().getMax()[0], 7.0f);
         QVERIFY(!m_document->save(compressed, &m_error)); // it would not be compressed any more
+        QVERIFY(!m_document->canOverwrite());
         write("sub/other.iv", inventor + "Sphere { radius 3 }");
         static_cast<SoGroup*>(m_document->root())->getChild(0)->set("name \"other.iv\"");
         box.apply(m_document->root());

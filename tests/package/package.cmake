@@ -8,6 +8,14 @@ file(REMOVE_RECURSE ${WORK_DIR})
 run(${CMAKE_COMMAND} --install ${BINARY_DIR} --prefix ${WORK_DIR}/installed)
 file(RENAME ${WORK_DIR}/installed ${prefix})
 
+set(id org.kelvor.Kelvor)
+foreach(file applications/${id}.desktop icons/hicolor/scalable/apps/${id}.svg icons/hicolor/48x48/apps/${id}.png
+        metainfo/${id}.metainfo.xml mime/packages/${id}.xml)
+    if(NOT EXISTS ${prefix}/share/${file})
+        message(FATAL_ERROR "share/${file} is not installed")
+    endif()
+endforeach()
+
 run(${CMAKE_COMMAND} ${OPTIONS} -DCMAKE_PREFIX_PATH=${prefix} -DKELVOR_SOURCE_DIR=${SOURCE_DIR}
     -S ${CMAKE_CURRENT_LIST_DIR}/outside -B ${WORK_DIR}/outside)
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/outside)

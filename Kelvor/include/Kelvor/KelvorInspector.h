@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <memory>
+
 class QWidget;
 class SoNode;
 
@@ -38,13 +40,17 @@ public:
     QWidget* window() const;
     /// The graph that is shown; null after the application has deleted it.
     SoNode* root() const;
-    /// Closes the inspector without asking anything. It is gone when this returns.
+    /// Closes the inspector without asking anything. It is gone when this returns, or, where one of its
+    /// dialogs is open, hidden and without a scene, and gone as soon as that dialog is.
     void close();
 
 Q_SIGNALS:
-    /// The inspector is about to go, with its window.
+    /// The inspector has closed: its window is gone and it holds nothing any more. `inspect()` opens another.
     void closed();
 
 private:
-    explicit KelvorInspector(SoNode* root);
+    KelvorInspector();
+
+    class Private;
+    std::unique_ptr<Private> d;
 };

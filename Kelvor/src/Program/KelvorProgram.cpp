@@ -142,6 +142,7 @@ void nameApplication()
     QCoreApplication::setOrganizationName(QStringLiteral("Kelvor"));
     QCoreApplication::setApplicationName(QStringLiteral("kelvor"));
     QCoreApplication::setApplicationVersion(QStringLiteral(KELVOR_VERSION));
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.kelvor.Kelvor"));
 }
 
 /// Answers `--help` and `--version` without a display and ends the process, if it can.

@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <utility>
+
 namespace {
 
 void report(const QString& sentence, QString* error)
@@ -28,14 +30,16 @@ SceneDocument::SceneDocument(QObject* parent)
 SceneDocument::~SceneDocument()
 {
     setFileName(QString());
-    if (m_root)
-        m_root->unref();
 }
 
-bool SceneDocument::open(const QString& name, QString* error)
+bool SceneDocument::open(const QString& name, QString* error, const SceneInput::Progress& progress)
 {
     const QString file = QFileInfo(name).absoluteFilePath();
-    const SceneReader::Result scene = SceneReader::read(file);
+    const SceneReader::Result scene = SceneReader::read(file, progress);
+    if (!scene.root && scene.reason.isEmpty()) {
+        report(QString(), error);
+        return false;
+    }
     if (!scene.root) {
         report(tr("\"%1\" cannot be read: %2.").arg(QDir::toNativeSeparators(name), scene.reason), error);
         return false;
@@ -55,29 +59,39 @@ bool SceneDocument::reload(QString* error)
 
 bool SceneDocument::save(const QString& name, QString* error)
 {
-    if (!m_root) {
+    if (!root()) {
         report(tr("There is no scene to save."), error);
         return false;
     }
-    const QString reason = SceneWriter::write(*m_root, name);
+    const QString reason = SceneWriter::write(*root(), name);
     if (!reason.isEmpty()) {
         report(tr("\"%1\" cannot be saved: %2.").arg(QDir::toNativeSeparators(name), reason), error);
         return false;
     }
-    setFileName(QFileInfo(name).absoluteFilePath());
-    Q_EMIT fileNameChanged();
+    if (!m_fileName.isEmpty()) {
+        m_warnings.clear(); // the file holds all that is in the scene
+        setFileName(QFileInfo(name).absoluteFilePath());
+        Q_EMIT fileNameChanged();
+    }
     return true;
+}
+
+bool SceneDocument::canOverwrite() const
+{
+    QFile file(m_fileName);
+    return m_warnings.isEmpty() && QFileInfo(m_fileName).isWritable() && file.open(QIODevice::ReadOnly) &&
+           file.peek(2) != QByteArray("\x1f\x8b");
 }
 
 void SceneDocument::setRoot(SoNode* root)
 {
-    if (root != m_root || !m_fileName.isEmpty())
+    if (root != this->root() || !m_fileName.isEmpty())
         replace(root, QString(), {});
 }
 
 SoNode* SceneDocument::root() const
 {
-    return m_root;
+    return static_cast<SoNode*>(m_root.get());
 }
 
 QString SceneDocument::fileName() const
@@ -92,16 +106,12 @@ QStringList SceneDocument::warnings() const
 
 void SceneDocument::replace(SoNode* root, const QString& file, const QStringList& warnings)
 {
-    SoNode* const old = m_root;
-    m_root = root;
+    // Whoever shows the earlier scene still finds it alive while it is told of the new one.
+    const KlvContainerRef old(std::exchange(m_root, KlvContainerRef(root)));
     m_warnings = warnings;
-    if (m_root)
-        m_root->ref();
     setFileName(file);
     Q_EMIT fileNameChanged();
-    Q_EMIT rootChanged(m_root);
-    if (old)
-        old->unref();
+    Q_EMIT rootChanged(root);
 }
 
 void SceneDocument::setFileName(const QString& file)

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "Scene/SceneInput.h"
+
+#include <KlvExtender/KlvContainerRef.h>
+
 #include <Inventor/nodes/SoNode.h> // a signal's type must be complete where it is connected
 
 #include <QByteArray>
@@ -26,15 +30,22 @@ public:
     ///
     /// On failure the scene that was open stays, `error` holds one sentence with file and reason, and the
     /// result is false. What was wrong with a file that could be read all the same is in `warnings()`.
-    bool open(const QString& file, QString* error);
+    ///
+    /// `progress` hears how far it has come and may cancel it: the scene that was open then stays, too, and
+    /// `error` is empty.
+    bool open(const QString& file, QString* error, const SceneInput::Progress& progress = {});
     /// Reads the file again. Fails like `open()`, also when the scene did not come from a file.
     bool reload(QString* error);
-    /// Writes the scene as text and makes `file` the document's file. A scene that was read from a VRML file
-    /// becomes a VRML file of that version, any other an Inventor file, whatever its name ends in.
+    /// Writes the scene as text. A scene that was read from a VRML file becomes a VRML file of that version,
+    /// any other an Inventor file, whatever its name ends in. `file` is the document's file from then on; a
+    /// live graph stays one that belongs to no file.
     ///
     /// The file is replaced in one step when all is written. On failure it is as it was, `error` holds one
     /// sentence and the result is false.
     bool save(const QString& file, QString* error);
+    /// Whether the document's file may be written over without asking: there is one, it is not compressed,
+    /// all of it could be read, and it can be written.
+    bool canOverwrite() const;
     /// Shows a live graph, or nothing (null), which belongs to no file. It is referenced while it is shown.
     void setRoot(SoNode* root);
 
@@ -56,7 +67,7 @@ private:
     void replace(SoNode* root, const QString& file, const QStringList& warnings);
     void setFileName(const QString& file);
 
-    SoNode* m_root = nullptr;
+    KlvContainerRef m_root;
     QString m_fileName;
     QByteArray m_searchedFolder;
     QStringList m_warnings;

@@ -2,8 +2,6 @@
 
 #include "SceneNesting.h"
 
-#include <Inventor/SoDB.h>
-#include <Inventor/SoInput.h>
 #include <Inventor/errors/SoReadError.h>
 #include <Inventor/nodes/SoSeparator.h>
 
@@ -72,39 +70,6 @@ private:
     void* m_data;
 };
 
-/// Reads all nodes of a file like `SoDB::readAll()`, which tells only once in a process that a file goes on
-/// after the last node it could read.
-class SceneInput : public SoInput
-{
-public:
-    SoSeparator* readScene(bool* readToEnd)
-    {
-        SoSeparator* const all = new SoSeparator;
-        all->ref();
-        SoNode* node = nullptr;
-        bool good = true;
-        do {
-            good = SoDB::read(this, node);
-            if (good && node)
-                all->addChild(node);
-        } while (good && node && skipWhiteSpace());
-        *readToEnd = eof();
-        popFile(); // connects the file's routes
-
-        SoSeparator* scene = nullptr;
-        if (good) {
-            const bool single =
-                all->getNumChildren() == 1 && all->getChild(0)->isOfType(SoSeparator::getClassTypeId());
-            scene = single ? static_cast<SoSeparator*>(all->getChild(0)) : all;
-            scene->ref();
-        }
-        all->unref();
-        if (scene)
-            scene->unrefNoDelete();
-        return scene;
-    }
-};
-
 /// Why the operating system does not let us read the file; empty when it does.
 QString obstacle(const QString& name)
 {
@@ -121,9 +86,17 @@ QString obstacle(const QString& name)
     return file.open(QIODevice::ReadOnly) ? QString() : file.errorString();
 }
 
+/// How many bytes Coin will have read in the end, or 0: a compressed file holds only the last four bytes of
+/// its size.
+qint64 unpackedSize(const QString& name)
+{
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) && file.peek(2) == QByteArray("\x1f\x8b") ? 0 : file.size();
+}
+
 } // namespace
 
-SceneReader::Result SceneReader::read(const QString& file)
+SceneReader::Result SceneReader::read(const QString& file, const SceneInput::Progress& progress)
 {
     Result result;
     result.reason = obstacle(file);
@@ -135,7 +108,7 @@ SceneReader::Result SceneReader::read(const QString& file)
         return result;
     }
     ErrorCollector collector;
-    SceneInput input;
+    SceneInput input(progress, unpackedSize(file));
     if (!input.openFile(QFile::encodeName(file).constData())) {
         result.reason = collector.errors.value(0, tr("it cannot be opened"));
         return result;
@@ -143,6 +116,8 @@ SceneReader::Result SceneReader::read(const QString& file)
     const bool hasHeader = input.isValidFile();
     bool readToEnd = false;
     SoSeparator* const scene = input.readScene(&readToEnd);
+    if (input.isCancelled())
+        return result;
     if (scene && !readToEnd)
         collector.errors << tr("The file goes on after the end of the scene; the rest was left out");
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Scene/SceneInput.h"
+
 #include <QCoreApplication>
 #include <QString>
 #include <QStringList>
@@ -17,11 +19,12 @@ public:
     {
         /// Unreferenced; null when nothing could be read.
         SoSeparator* root = nullptr;
-        /// Why there is no root: half a sentence without the file's name.
+        /// Why there is no root: half a sentence without the file's name. Empty when it was cancelled.
         QString reason;
         /// What was wrong, although there is a root.
         QStringList warnings;
     };
 
-    static Result read(const QString& file);
+    /// `progress` hears how far it has come and may cancel it; nothing is left of what was read by then.
+    static Result read(const QString& file, const SceneInput::Progress& progress = {});
 };

@@ -1,17 +1,20 @@
 #include "MainWindow.h"
 
 #include "Appearance.h"
+#include "Changes/ChangesPanel.h"
 #include "DocumentActions.h"
 #include "HistoryKeys.h"
 #include "HostPlugins.h"
 #include "HostSettings.h"
 #include "Models/FieldListPanel.h"
+#include "Models/ObjectLabel.h"
 #include "Models/SceneTreePanel.h"
 #include "PluginsDialog.h"
 #include "ProfilesDialog.h"
 #include "Scene/SceneDocument.h"
 #include "View/SceneView.h"
 
+#include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvEditor.h>
 #include <KlvExtender/KlvPluginsManager.h>
 #include <KlvExtender/KlvServices.h>
@@ -32,7 +35,16 @@ namespace {
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString stateKey = QStringLiteral("window/state");
 // Raised when the docks change so much that an older layout no longer fits.
-constexpr int stateVersion = 1;
+constexpr int stateVersion = 2;
+constexpr int problemTime = 8000; // ms that a passing sentence is shown
+
+QIcon inspectorIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128})
+        icon.addFile(QStringLiteral(":/kelvor/%1.png").arg(size));
+    return icon;
+}
 
 } // namespace
 
@@ -46,23 +58,28 @@ struct MainWindow::HistoryMove
     void (QUndoStack::*textChanged)(const QString&);
 };
 
-MainWindow::MainWindow(Layout layout, QWidget* parent)
-    : QMainWindow(parent)
-    , m_layout(layout)
+MainWindow::MainWindow(Layout layout, Host host)
+    : m_layout(layout)
+    , m_host(host)
     , m_history(KlvServices::getInstance()->getUndoStack())
     , m_document(new SceneDocument(this))
     , m_view(new SceneView(this))
     , m_shell(this)
 {
     setAttribute(Qt::WA_StyledBackground);
-    setAcceptDrops(true);
+    setAcceptDrops(m_host == Host::Program);
+    // The application ends with its own last window.
+    setAttribute(Qt::WA_QuitOnClose, m_host == Host::Program);
+    setWindowIcon(inspectorIcon());
     setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
     setCentralWidget(m_view);
     createDocks();
     createMenus();
     connect(m_document, &SceneDocument::rootChanged, this, &MainWindow::sceneChanged);
     connect(m_document, &SceneDocument::fileNameChanged, this, &MainWindow::updateTitle);
-    connect(m_history, &QUndoStack::cleanChanged, this, [this](bool clean) { setWindowModified(!clean); });
+    if (m_host == Host::Program)
+        connect(m_history, &QUndoStack::cleanChanged, this,
+                [this](bool clean) { setWindowModified(!clean); });
     updateTitle();
     restoreLayout();
     // After the layout: what the plug-ins add finds its place in it.
@@ -78,6 +95,7 @@ MainWindow::~MainWindow()
     // While the window and its docks are whole: the plug-ins take theirs out of it.
     m_plugins.reset();
     m_history->clear();
+    services->getChanges()->restart();
     m_history->disconnect(this);
 }
 
@@ -100,9 +118,33 @@ void MainWindow::createDocks()
     historyView->setAccessibleName(tr("History"));
     QDockWidget* tree = addPanel("SceneTree", tr("Scene"), m_treePanel, Qt::LeftDockWidgetArea);
     QDockWidget* history = addPanel("History", tr("History"), historyView, Qt::LeftDockWidgetArea);
+    m_changesPanel = new ChangesPanel;
+    QDockWidget* changes = addPanel("Changes", tr("Changes"), m_changesPanel, Qt::LeftDockWidgetArea);
+    tabifyDockWidget(history, changes);
     QDockWidget* fields = addPanel("FieldList", tr("Fields"), m_fieldPanel, Qt::RightDockWidgetArea);
     resizeDocks({tree, fields}, {320, 460}, Qt::Horizontal);
-    resizeDocks({tree, history}, {500, 160}, Qt::Vertical);
+    resizeDocks({tree, history}, {500, 200}, Qt::Vertical);
+    history->raise();
+    connectPanels(changes);
+}
+
+void MainWindow::connectPanels(QDockWidget* changes)
+{
+    connect(m_view, &SceneView::picked, m_treePanel, &SceneTreePanel::select);
+    connect(m_view, &SceneView::pickedNothing, this,
+            [] { KlvServices::getInstance()->setSelectedNode(nullptr); });
+    connect(m_treePanel, &SceneTreePanel::occurrenceChanged, m_view, &SceneView::setHighlight);
+    const auto tellProblem = [this](const QString& sentence) { tell(sentence, problemTime); };
+    connect(m_fieldPanel, &FieldListPanel::problem, this, tellProblem);
+    connect(m_changesPanel, &ChangesPanel::problem, this, tellProblem);
+    // What was wrong with the file stays to be read when a passing sentence has gone.
+    connect(statusBar(), &QStatusBar::messageChanged, this, [this](const QString& text) {
+        if (text.isEmpty())
+            showWarnings();
+    });
+    connect(m_changesPanel, &ChangesPanel::countChanged, changes, [changes](int count) {
+        changes->setWindowTitle(count > 0 ? tr("Changes (%1)").arg(count) : tr("Changes"));
+    });
 
     // Return in the field list goes on to the first input of the editor that shows the field.
     connect(m_fieldPanel, &FieldListPanel::fieldActivated, this, [] {
@@ -124,7 +166,11 @@ void MainWindow::createDocks()
 void MainWindow::createMenus()
 {
     m_documentActions = new DocumentActions(m_document, m_history, &m_shell, this);
-    m_documentActions->addTo(menuBar()->addMenu(tr("&File")));
+    QMenu* file = menuBar()->addMenu(tr("&File"));
+    if (m_host == Host::Program)
+        m_documentActions->addTo(file);
+    else
+        m_documentActions->addLiveTo(file);
     createEditMenu();
     m_viewMenu = menuBar()->addMenu(tr("&View"));
     m_viewMenu->addActions(m_view->actions());
@@ -157,6 +203,8 @@ void MainWindow::createEditMenu()
     QAction* redoAction = addHistoryMove(menu, tr("&Redo"), redo);
     undoAction->setShortcut(Qt::CTRL | Qt::Key_Z);
     redoAction->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
+    menu->addSeparator();
+    menu->addAction(m_treePanel->findAction());
     new HistoryKeys(undoAction, redoAction, &m_shell, this);
 }
 
@@ -199,8 +247,12 @@ void MainWindow::sceneChanged()
     services->setSelectedNode(nullptr);
     services->setSelectedField(nullptr);
     m_history->clear();
-    m_treePanel->setRoot(m_document->root());
+    services->getChanges()->restart();
+    m_fieldPanel->clearPins();
     m_view->setRoot(m_document->root());
+    m_treePanel->setRoot(m_document->root());
+    m_changesPanel->setRoot(m_document->root());
+    updateTitle();
     showWarnings();
 }
 
@@ -214,11 +266,22 @@ void MainWindow::showWarnings()
     statusBar()->setToolTip(warnings.join(QLatin1Char('\n')));
 }
 
+void MainWindow::tell(const QString& sentence, int milliseconds)
+{
+    statusBar()->show();
+    statusBar()->showMessage(sentence, milliseconds);
+}
+
 void MainWindow::updateTitle()
 {
     const QString file = m_document->fileName();
     setWindowFilePath(file);
-    setWindowTitle(file.isEmpty() ? tr("Kelvor") : tr("%1[*] – Kelvor").arg(QFileInfo(file).fileName()));
+    if (!file.isEmpty())
+        setWindowTitle(tr("%1[*] – Kelvor").arg(QFileInfo(file).fileName()));
+    else if (const SoNode* root = m_document->root())
+        setWindowTitle(tr("%1 – Kelvor").arg(objectLabel(root)));
+    else
+        setWindowTitle(tr("Kelvor"));
 }
 
 void MainWindow::restoreLayout()
@@ -231,18 +294,24 @@ void MainWindow::restoreLayout()
     restoreState(settings.value(stateKey).toByteArray(), stateVersion);
 }
 
+void MainWindow::keepLayout() const
+{
+    if (m_layout == Layout::Fixed)
+        return;
+    HostSettings settings;
+    settings.setValue(geometryKey, saveGeometry());
+    settings.setValue(stateKey, saveState(stateVersion));
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    if (!m_documentActions->mayDiscard()) {
+    if (m_host == Host::Program ? !m_documentActions->mayDiscard() : !m_documentActions->mayLeave()) {
         event->ignore();
         return;
     }
-    if (m_layout == Layout::Kept) {
-        HostSettings settings;
-        settings.setValue(geometryKey, saveGeometry());
-        settings.setValue(stateKey, saveState(stateVersion));
-    }
+    keepLayout();
     QMainWindow::closeEvent(event);
+    Q_EMIT closed();
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent* event)

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class ChangesPanel;
 class DocumentActions;
 class FieldListPanel;
 class HostPlugins;
@@ -28,7 +29,14 @@ public:
         Fixed ///< always the same, for pictures
     };
 
-    explicit MainWindow(Layout layout, QWidget* parent = nullptr);
+    /// Whose process the window is in.
+    enum class Host
+    {
+        Program,    ///< the inspector's own: scenes come from files
+        Application ///< one that is inspected: it brings its scene, and what is its own stays as it is
+    };
+
+    explicit MainWindow(Layout layout, Host host = Host::Program);
     ~MainWindow() override;
 
     SceneDocument* document() const { return m_document; }
@@ -37,8 +45,17 @@ public:
     HostPlugins* plugins() const { return m_plugins.get(); }
     DocumentActions* documentActions() const { return m_documentActions; }
 
+    /// Keeps the layout for the next run, if it is one to be kept. Done when the window is closed.
+    void keepLayout() const;
+    /// Tells one sentence in the status bar for some time, or without one until another scene is shown.
+    void tell(const QString& sentence, int milliseconds = 0);
+
     /// Adds the menu that chooses the window's colours; for a host that has the application to itself.
     void addColorsMenu();
+
+Q_SIGNALS:
+    /// A person has closed the window, and nothing of it is wanted any more.
+    void closed();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -48,6 +65,7 @@ protected:
 private:
     QDockWidget* addPanel(const char* name, const QString& title, QWidget* panel, Qt::DockWidgetArea area);
     void createDocks();
+    void connectPanels(QDockWidget* changes);
     void createMenus();
     void createEditMenu();
     void showPlugins();
@@ -60,11 +78,13 @@ private:
     void restoreLayout();
 
     const Layout m_layout;
+    const Host m_host;
     QUndoStack* m_history;
     SceneDocument* m_document;
     SceneView* m_view;
     SceneTreePanel* m_treePanel = nullptr;
     FieldListPanel* m_fieldPanel = nullptr;
+    ChangesPanel* m_changesPanel = nullptr;
     QMenu* m_viewMenu = nullptr;
     DocumentActions* m_documentActions = nullptr;
     HostShell m_shell;
