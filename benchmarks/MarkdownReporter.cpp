@@ -20,7 +20,8 @@ void MarkdownReporter::ReportRuns(const std::vector<Run>& runs)
         std::string size;
         std::getline(name, operation, '/');
         std::getline(name, way, '/');
-        std::getline(name, size);
+        if (!std::getline(name, size))
+            size = run.run_name.args;
         const auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& candidate) {
             return candidate.operation == operation && candidate.way == way;
         });

@@ -6,7 +6,8 @@
 #include <string>
 #include <vector>
 
-/// Writes benchmarks named "operation/way/size" as a table with a column for each size, in milliseconds.
+/// Writes benchmarks named "operation/way/size", or "operation/way" with the size as their one argument, as a
+/// table with a column for each size, in the unit of the benchmarks.
 class MarkdownReporter : public benchmark::BenchmarkReporter
 {
 public:
