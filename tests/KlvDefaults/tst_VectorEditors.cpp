@@ -217,6 +217,9 @@ private Q_SLOTS:
         Edited<DvSFVec2sWidget> edited(&field);
         const auto boxes = edited.widget->findChildren<QSpinBox*>();
         QCOMPARE(boxes[0]->text(), QString("-32768"));
+        field.setDefault(TRUE);
+        QTest::keyClick(boxes[0], Qt::Key_Return);
+        QVERIFY(field.isDefault());
         // The caret stays where it is while one types; 123456 is more than such a component can be.
         boxes[0]->selectAll();
         QTest::keyClicks(boxes[0], "13");

@@ -11,6 +11,7 @@
 #include <Inventor/errors/SoReadError.h>
 #include <Inventor/fields/SoFields.h>
 #include <Inventor/lists/SoTypeList.h>
+#include <Inventor/nodekits/SoShapeKit.h>
 #include <Inventor/nodes/SoCube.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -288,9 +289,9 @@ private Q_SLOTS:
     void stringLists()
     {
         // Lists whose printed form can be read in several ways up to some point.
-        const QByteArrayList lists[] = {{"a\", ", "b"},        {"a\\", "b"},        {"a\",\n  ", "b"},
-                                        {"x\\", "\\", "\\"},   {"a\", \"b", "c\\"}, {"\" ]", "\\"},
-                                        {"\", ", "\", ", "\\"}};
+        const QByteArrayList lists[] = {{"a\", ", "b"},         {"a\\", "b"},        {"a\",\n  ", "b"},
+                                        {"x\\", "\\", "\\"},    {"a\", \"b", "c\\"}, {"\" ]", "\\"},
+                                        {"\", ", "\", ", "\\"}, {"\",# \"", ""}};
         for (const QByteArrayList& strings : lists) {
             SoMFString field;
             SoMFString other;
@@ -328,6 +329,13 @@ private Q_SLOTS:
         QCOMPARE(static_cast<SoCube*>(nodes[1])->width.getValue(), 5.0f);
         QCOMPARE(cube->getRefCount(), 1);
         cube->unref();
+        // A node kit would use a part of another type as what it expects.
+        SoShapeKit* kit = new SoShapeKit;
+        kit->ref();
+        const PostedErrors<SoReadError> errors;
+        QVERIFY(!setFieldFromText(kit->getField("topSeparator"), "Cube { }"));
+        QVERIFY(setFieldFromText(kit->getField("shape"), "Cube { }"));
+        kit->unref();
     }
 
     void paths()

@@ -119,6 +119,10 @@ private:
     /// True when another string or the end of the list follows.
     bool isBetween(std::size_t pos) const
     {
+        // No field prints comments, but a string may hold what looks like one.
+        const std::size_t next = m_text.find_first_not_of(" \t\n\v\f\r,", pos);
+        if (next != Nowhere && m_text[next] == '#')
+            return false;
         TextScanner scanner(m_text.substr(pos));
         if (scanner.take(']'))
             return scanner.atEnd();

@@ -85,13 +85,18 @@ void DvSF2iSpinBox::applyChanges()
         return;
     std::array<int, 2> components;
     getComponents(components.data());
+    bool entered = false;
     for (size_t i = 0; i < m_boxes.size(); ++i) {
         // A component that was not changed here may have been elsewhere since it was shown.
-        if (m_boxes[i]->value() != m_shown[i])
-            components[i] = m_boxes[i]->value();
-        m_shown[i] = m_boxes[i]->value();
+        if (m_boxes[i]->value() == m_shown[i])
+            continue;
+        components[i] = m_shown[i] = m_boxes[i]->value();
+        entered = true;
     }
-    setComponents(components.data());
-    expectEcho();
+    // A spin box tells of its value at each Return.
+    if (entered) {
+        setComponents(components.data());
+        expectEcho();
+    }
     recordValue();
 }
