@@ -145,7 +145,7 @@ private Q_SLOTS:
         QCOMPARE(m_services->getSelectedField(), &m_gold->transparency);
         QVERIFY(copied(Qt::ControlModifier).endsWith("DEF Gold Material {\n    transparency 0.5\n}\n"));
         click(1);
-        const QString code = copied(Qt::ControlModifier | Qt::ShiftModifier);
+        const QString code = copied(Qt::ControlModifier | Qt::AltModifier);
         QCOMPARE(code, QString("// Separator › Cone\n"
                                "auto* cone = static_cast<SoCone*>((*root->getChildren())[1]);\n"
                                "cone->height.setValue(3.0f);\n"));

@@ -67,9 +67,10 @@ ChangesPanel::ChangesPanel(QWidget* parent)
     m_view->setAlternatingRowColors(true);
     m_view->setItemDelegateForColumn(ChangesModel::NodeColumn, new PathDelegate(m_view));
     QHeaderView* header = m_view->header();
-    header->resizeSection(ChangesModel::NodeColumn, 170);
-    header->resizeSection(ChangesModel::FieldColumn, 110);
-    header->resizeSection(ChangesModel::OriginalColumn, 130);
+    // All columns are seen in a narrow dock, too.
+    header->resizeSection(ChangesModel::NodeColumn, 110);
+    header->resizeSection(ChangesModel::FieldColumn, 95);
+    header->resizeSection(ChangesModel::OriginalColumn, 80);
 
     auto* empty = new QLabel(tr("Nothing has been changed since the scene was opened."));
     empty->setAlignment(Qt::AlignCenter);
@@ -109,7 +110,7 @@ void ChangesPanel::addActions()
         addAction(tr("Copy as Inventor"), tr("Copy the selected changes, or all, as Inventor text"),
                   QKeySequence::Copy, &ChangesPanel::copyInventor, buttons);
     m_copyCpp = addAction(tr("Copy as C++"), tr("Copy the selected changes, or all, as C++ statements"),
-                          Qt::CTRL | Qt::SHIFT | Qt::Key_C, &ChangesPanel::copyCpp, buttons);
+                          Qt::CTRL | Qt::ALT | Qt::Key_C, &ChangesPanel::copyCpp, buttons);
     m_copyPath = addAction(tr("Copy Path"), tr("Copy the way to the node"), QKeySequence(),
                            &ChangesPanel::copyPaths, nullptr);
     m_view->setContextMenuPolicy(Qt::ActionsContextMenu);

@@ -19,6 +19,7 @@
 namespace {
 
 constexpr qint64 frameInterval = 16; // ms: a display shows no more
+constexpr qint64 longestPause = 50;  // ms between costly frames, in which the rest of the window has its turn
 constexpr float pickRadius = 5.0f;   // pixels around the pointer, so that lines and points are hit
 
 QColor blend(const QColor& a, const QColor& b, float share)
@@ -125,8 +126,9 @@ void SceneView::scheduleFrame()
     m_isStale = true;
     if (!isVisible() || m_frameTimer.isActive())
         return;
-    const qint64 elapsed = m_sinceFrame.isValid() ? m_sinceFrame.elapsed() : frameInterval;
-    m_frameTimer.start(static_cast<int>(std::clamp<qint64>(frameInterval - elapsed, 0, frameInterval)));
+    const qint64 interval = std::max(frameInterval, m_frameCost + std::min(m_frameCost, longestPause));
+    const qint64 elapsed = m_sinceFrame.isValid() ? m_sinceFrame.elapsed() : interval;
+    m_frameTimer.start(static_cast<int>(std::clamp<qint64>(interval - elapsed, 0, interval)));
 }
 
 void SceneView::drawFrame()
@@ -145,6 +147,7 @@ void SceneView::drawFrame()
     m_actions.orthographic->setChecked(m_rule.placement().volume.getProjectionType() ==
                                        SbViewVolume::ORTHOGRAPHIC);
     m_actions.frame->setEnabled(m_highlight.isSet());
+    m_frameCost = m_sinceFrame.elapsed();
 }
 
 QImage SceneView::render()

@@ -28,9 +28,10 @@ class ViewPickAction;
 /// A click selects what is under the pointer, a drag navigates (`CameraNavigation`), a double click goes to
 /// the point that was hit.
 ///
-/// A change of the scene gives a new picture, at most one in a sixtieth of a second and none while the view
-/// is not visible. The view draws with an OpenGL context of its own and survives docking and a second view of
-/// the same scene. Where no context can be made, it shows a sentence instead.
+/// A change of the scene gives a new picture: at most one in a sixtieth of a second, fewer where drawing
+/// takes long, and none while the view is not visible. The view draws with an OpenGL context of its own and
+/// survives docking and a second view of the same scene. Where no context can be made, it shows a sentence
+/// instead.
 ///
 /// The view's actions (`QWidget::actions()`) belong into menus and tool bars; their shortcuts work while the
 /// view has the focus.
@@ -113,6 +114,7 @@ private:
     SbViewportRegion m_viewport;
     QTimer m_frameTimer;
     QElapsedTimer m_sinceFrame;
+    qint64 m_frameCost = 0;    // ms that the last frame took
     bool m_isStale = true;     // the scene is no longer what the image shows
     bool m_isAnnounced = true; // the image's signals have been sent
     bool m_isFirstFrame = true;
