@@ -5,12 +5,29 @@
 
 #include <QScopedValueRollback>
 
+#include <sys/resource.h>
+
 #include <algorithm>
+#include <cstddef>
 
 namespace {
 
 constexpr unsigned readsBetweenLooks = 1 << 10; // the clock costs as much as some readings
 constexpr qint64 interval = 40;                 // ms
+constexpr std::ptrdiff_t stackShare = 2;        // of it, one part may be used for reading
+constexpr std::ptrdiff_t usualStack = 8 << 20;  // bytes
+
+std::ptrdiff_t usableStack()
+{
+    rlimit limit{};
+    const bool isKnown = getrlimit(RLIMIT_STACK, &limit) == 0 && limit.rlim_cur != RLIM_INFINITY;
+    return (isKnown ? std::ptrdiff_t(limit.rlim_cur) : usualStack) / stackShare;
+}
+
+const char* stackPosition()
+{
+    return static_cast<const char*>(__builtin_frame_address(0));
+}
 
 } // namespace
 
@@ -23,6 +40,7 @@ SceneInput::SceneInput(const Progress& progress, qint64 size)
 
 SoSeparator* SceneInput::readScene(bool* readToEnd)
 {
+    m_stack = stackPosition();
     SoSeparator* const all = new SoSeparator;
     all->ref();
     SoNode* node = nullptr;
@@ -36,7 +54,7 @@ SoSeparator* SceneInput::readScene(bool* readToEnd)
     popFile(); // connects the file's routes
 
     SoSeparator* scene = nullptr;
-    if (good && !m_cancelled) {
+    if (good && !hasStopped()) {
         const bool single =
             all->getNumChildren() == 1 && all->getChild(0)->isOfType(SoSeparator::getClassTypeId());
         scene = single ? static_cast<SoSeparator*>(all->getChild(0)) : all;
@@ -52,7 +70,9 @@ bool SceneInput::goesOn()
 {
     if (++m_reads % readsBetweenLooks == 0 && m_progress && !m_telling && m_sinceTold.elapsed() >= interval)
         tell();
-    return !m_cancelled;
+    static const std::ptrdiff_t usable = usableStack();
+    m_tooDeep = m_tooDeep || (m_stack && m_stack - stackPosition() > usable);
+    return !hasStopped();
 }
 
 void SceneInput::tell()

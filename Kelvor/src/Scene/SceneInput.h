@@ -8,7 +8,8 @@
 
 class SoSeparator;
 
-/// Coin's reader, with a word on how far it has come and a way to stop it.
+/// Coin's reader, with a word on how far it has come and a way to stop it. It stops by itself before nodes
+/// that are nested too deeply use up the stack: Coin reads them by recursion.
 class SceneInput : public SoInput
 {
 public:
@@ -24,7 +25,9 @@ public:
     /// separator, or null.
     SoSeparator* readScene(bool* readToEnd);
 
-    bool isCancelled() const { return m_cancelled; }
+    /// It was cancelled, or the file is nested too deeply.
+    bool hasStopped() const { return m_cancelled || m_tooDeep; }
+    bool isTooDeep() const { return m_tooDeep; }
 
     using SoInput::read;
     using SoInput::readBinaryArray;
@@ -47,4 +50,6 @@ private:
     unsigned m_reads = 0;
     bool m_telling = false;
     bool m_cancelled = false;
+    const char* m_stack = nullptr; // where reading began; only compared
+    bool m_tooDeep = false;
 };

@@ -4,8 +4,6 @@
 
 #include <Inventor/nodes/SoNode.h>
 
-#include <QFile>
-
 #include <unordered_set>
 #include <vector>
 
@@ -13,62 +11,7 @@ namespace {
 
 constexpr int deepest = 5000;
 
-/// Follows the braces of a scene's text, outside strings and comments.
-class DepthCounter
-{
-public:
-    /// True as soon as the text is too deep.
-    bool read(const QByteArray& text)
-    {
-        for (const char c : text) {
-            if (m_inComment)
-                m_inComment = c != '\n' && c != '\r';
-            else if (m_inString)
-                readInString(c);
-            else if (c == '#')
-                m_inComment = true;
-            else if (c == '"')
-                m_inString = true;
-            else if (c == '{' || c == '[')
-                ++m_depth;
-            else if (c == '}' || c == ']')
-                --m_depth;
-            if (m_depth > deepest)
-                return true;
-        }
-        return false;
-    }
-
-private:
-    void readInString(char c)
-    {
-        m_inString = c != '"' || m_escaped;
-        m_escaped = c == '\\' && !m_escaped;
-    }
-
-    int m_depth = 0;
-    bool m_inComment = false;
-    bool m_inString = false;
-    bool m_escaped = false;
-};
-
 } // namespace
-
-bool SceneNesting::isTooDeep(const QString& file)
-{
-    QFile text(file);
-    if (!text.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray header = text.peek(64).split('\n').constFirst();
-    if (!header.startsWith('#') || header.contains("binary"))
-        return false;
-    DepthCounter counter;
-    while (!text.atEnd()) {
-        if (counter.read(text.read(1 << 20)))
-            return true;
-    }
-    return false;
-}
 
 SoNode* SceneNesting::endless(SoNode* root)
 {

@@ -1,74 +1,14 @@
 #include "SceneReader.h"
 
+#include "ReadErrors.h"
 #include "SceneNesting.h"
 
-#include <Inventor/errors/SoReadError.h>
 #include <Inventor/nodes/SoSeparator.h>
 
 #include <QFile>
 #include <QFileInfo>
-#include <QRegularExpression>
 
 namespace {
-
-constexpr int maxErrors = 100;
-constexpr int maxErrorLength = 300;
-
-/// Coin's message without its prefix, on one line, with the place in brackets: "Unknown field … (line 4)".
-QString readable(const SoError& error)
-{
-    static const QRegularExpression place(QStringLiteral("Occurred at (line|position)\\s+(\\d+) in .*"),
-                                          QRegularExpression::DotMatchesEverythingOption);
-    QString text = QString::fromUtf8(error.getDebugString().getString());
-    const QRegularExpressionMatch found = place.match(text);
-    if (found.hasMatch())
-        text.truncate(found.capturedStart());
-    text.remove(QStringLiteral("Coin read error: "));
-    text = text.simplified();
-    if (text.endsWith(u'.'))
-        text.chop(1);
-    if (text.size() > maxErrorLength)
-        text = text.left(maxErrorLength) + u'…';
-    if (found.hasMatch())
-        text += QStringLiteral(" (%1 %2)").arg(found.captured(1), found.captured(2));
-    return text;
-}
-
-/// Collects the read errors that are posted while it lives, beside the handler that was there.
-class ErrorCollector
-{
-public:
-    ErrorCollector()
-        : m_callback(SoReadError::getHandlerCallback())
-        , m_data(SoReadError::getHandlerData())
-    {
-        SoReadError::setHandlerCallback(collect, this);
-    }
-    ~ErrorCollector() { SoReadError::setHandlerCallback(m_callback, m_data); }
-    ErrorCollector(const ErrorCollector&) = delete;
-    ErrorCollector& operator=(const ErrorCollector&) = delete;
-
-    QStringList errors;
-
-private:
-    static void collect(const SoError* error, void* data)
-    {
-        auto* collector = static_cast<ErrorCollector*>(data);
-        if (collector->errors.size() < maxErrors)
-            collector->errors << readable(*error);
-        // Whoever shows errors gets them too; Coin's own handler would print what is told in a sentence here.
-        if (collector->m_callback && collector->m_callback != Access::defaultHandler())
-            collector->m_callback(error, collector->m_data);
-    }
-
-    struct Access : SoError
-    {
-        static SoErrorCB* defaultHandler() { return &SoError::defaultHandlerCB; }
-    };
-
-    SoErrorCB* m_callback;
-    void* m_data;
-};
 
 /// Why the operating system does not let us read the file; empty when it does.
 QString obstacle(const QString& name)
@@ -103,12 +43,9 @@ SceneReader::Result SceneReader::read(const QString& file, const SceneInput::Pro
     if (!result.reason.isEmpty())
         return result;
 
-    if (SceneNesting::isTooDeep(file)) {
-        result.reason = tr("it is nested too deeply");
-        return result;
-    }
-    ErrorCollector collector;
     SceneInput input(progress, unpackedSize(file));
+    // What follows from stopping is no fault of the file's.
+    ReadErrors collector([&input] { return !input.hasStopped(); });
     if (!input.openFile(QFile::encodeName(file).constData())) {
         result.reason = collector.errors.value(0, tr("it cannot be opened"));
         return result;
@@ -116,8 +53,11 @@ SceneReader::Result SceneReader::read(const QString& file, const SceneInput::Pro
     const bool hasHeader = input.isValidFile();
     bool readToEnd = false;
     SoSeparator* const scene = input.readScene(&readToEnd);
-    if (input.isCancelled())
+    if (input.hasStopped()) {
+        if (input.isTooDeep())
+            result.reason = tr("it is nested too deeply");
         return result;
+    }
     if (scene && !readToEnd)
         collector.errors << tr("The file goes on after the end of the scene; the rest was left out");
 

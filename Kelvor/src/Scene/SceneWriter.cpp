@@ -1,7 +1,16 @@
 #include "SceneWriter.h"
 
+#include "Models/ObjectLabel.h"
+#include "Models/SceneWalk.h"
+#include "ReadErrors.h"
+
+#include <Inventor/SoDB.h>
+#include <Inventor/SoInput.h>
 #include <Inventor/SoOutput.h>
 #include <Inventor/actions/SoWriteAction.h>
+#include <Inventor/fields/SoFieldData.h>
+#include <Inventor/fields/SoMFString.h>
+#include <Inventor/fields/SoSFString.h>
 #include <Inventor/misc/SoChildList.h>
 #include <Inventor/misc/SoProto.h>
 #include <Inventor/nodes/SoSeparator.h>
@@ -9,6 +18,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 
@@ -41,14 +51,61 @@ void writeChildren(SoNode& root, SoOutput& output)
     output.resolveRoutes();
 }
 
+/// The first string of a node that would take what follows it along when it is read again: Inventor files
+/// have no way to write a backslash at the end.
+QString unwritableString(SoNode* root)
+{
+    const auto endsBadly = [](const SbString& text) {
+        return text.getLength() > 0 && text[text.getLength() - 1] == '\\';
+    };
+    SceneWalk walk(root, SceneWalk::Visits::EachNode);
+    while (const SoNode* node = walk.next()) {
+        const SoFieldData* data = node->getFieldData();
+        if (!data || node->getNodeType() == SoNode::VRML2) // whose strings are written in another way
+            continue;
+        for (int i = 0; i < data->getNumFields(); ++i) {
+            const SoField* field = data->getField(node, i);
+            bool isBad = false;
+            if (field->isOfType(SoSFString::getClassTypeId()))
+                isBad = endsBadly(static_cast<const SoSFString*>(field)->getValue());
+            else if (field->isOfType(SoMFString::getClassTypeId())) {
+                const auto* list = static_cast<const SoMFString*>(field);
+                const SbString* strings = list->getValues(0);
+                isBad = std::any_of(strings, strings + list->getNum(), endsBadly);
+            }
+            if (isBad)
+                return fieldLabel(*field);
+        }
+    }
+    return QString();
+}
+
+/// Why a text would not be read again; empty when it would.
+QString flaw(void* text, size_t size)
+{
+    const ReadErrors collector;
+    SoInput input;
+    input.setBuffer(text, size);
+    SoSeparator* const again = SoDB::readAll(&input);
+    if (!again)
+        return collector.errors.value(0, SceneWriter::tr("Coin cannot read it"));
+    again->ref();
+    again->unref();
+    return QString();
+}
+
 } // namespace
 
 QString SceneWriter::write(SoNode& root, const QString& name)
 {
-    if (name.endsWith(QStringLiteral(".gz"), Qt::CaseInsensitive))
-        return tr("compressed files are read but not written");
+    for (const char* suffix : {".gz", ".wrz"})
+        if (name.endsWith(QLatin1String(suffix), Qt::CaseInsensitive))
+            return tr("compressed files are read but not written");
     if (QFileInfo(name).isDir())
         return tr("it is a folder");
+
+    if (const QString field = unwritableString(&root); !field.isEmpty())
+        return tr("a string in %1 ends in a backslash, which the file cannot hold").arg(field);
 
     SoOutput output;
     output.setBuffer(std::malloc(1 << 16), 1 << 16, std::realloc);
@@ -66,6 +123,10 @@ QString SceneWriter::write(SoNode& root, const QString& name)
     size_t size = 0;
     output.getBuffer(text, size);
     const std::unique_ptr<void, decltype(&std::free)> owner(text, std::free);
+
+    // Before what may be the only good file is replaced.
+    if (const QString reason = flaw(text, size); !reason.isEmpty())
+        return tr("it could not be read again (%1)").arg(reason);
 
     QSaveFile file(name);
     if (!file.open(QIODevice::WriteOnly))

@@ -21,6 +21,7 @@ CameraControl::CameraControl(CameraRule& rule, ViewCamera& camera, View view)
 void CameraControl::reset(bool hasScene)
 {
     m_flight.stop();
+    m_camera.reset();
     m_looksThroughScene = hasScene;
     m_sceneHasCamera = false;
     m_isPlaced = false;

@@ -75,10 +75,8 @@ SceneHighlight::Found SceneHighlight::append(SoFullPath& path)
     bool isLeftOut = false;
     for (const int index : std::as_const(m_childPath)) {
         const SoNode* const child = childAt(node, index);
-        if (!child) {
-            clear();
+        if (!child)
             return Found::Nothing;
-        }
         const SoChildList* const traversed = node->getChildren();
         isTraversed = isTraversed && traversed && index < traversed->getLength();
         isLeftOut = isLeftOut || (isTraversed && SwitchedChildren::isLeftOut(node, index));
@@ -86,8 +84,6 @@ SceneHighlight::Found SceneHighlight::append(SoFullPath& path)
             path.append(index);
         node = child;
     }
-    if (node != m_node)
-        clear();
     if (node != m_node || isLeftOut)
         return Found::Nothing;
     return isTraversed ? Found::Itself : Found::Holder;

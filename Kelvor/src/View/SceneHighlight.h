@@ -14,7 +14,7 @@ class ViewStage;
 /// One occurrence of a node that a view marks in its scene.
 ///
 /// The scene may change at any time. The occurrence is found anew whenever it is asked for, and nothing in
-/// the graph is referenced in between. Once it no longer leads to the node that it led to, it is forgotten.
+/// the graph is referenced in between. While the way to it leads elsewhere, nothing is marked.
 class SceneHighlight
 {
 public:

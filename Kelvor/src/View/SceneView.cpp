@@ -11,7 +11,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QStyleOptionFocusRect>
 
 #include <algorithm>
 #include <utility>
@@ -91,15 +90,17 @@ void SceneView::connectActions()
     });
 }
 
-void SceneView::setRoot(SoNode* root)
+void SceneView::setRoot(SoNode* root, Look look)
 {
     if (root == m_stage.root())
         return;
     m_stage.setRoot(root);
-    m_control.reset(root != nullptr);
     m_navigation.cancel();
     setHighlight(std::nullopt);
-    m_actions.headlight->setChecked(!m_stage.hasOwnLight());
+    if (look == Look::Anew) {
+        m_control.reset(root != nullptr);
+        m_actions.headlight->setChecked(!m_stage.hasOwnLight());
+    }
     m_actions.seek->setChecked(false);
     m_actions.lookThrough->setEnabled(false);
     m_isFirstFrame = true;
@@ -221,7 +222,8 @@ void SceneView::seek(QPointF position)
 void SceneView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
+    // The palette's colours differ between active and other windows.
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ActivationChange)
         scheduleFrame();
 }
 
@@ -233,7 +235,8 @@ void SceneView::keyPressEvent(QKeyEvent* event)
 
 void SceneView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton)
+    // The first click of two may have been the one that a seek waited for.
+    if (event->button() == Qt::LeftButton && canDraw() && !std::exchange(m_clickSought, false))
         seek(event->position());
 }
 
@@ -251,7 +254,8 @@ void SceneView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (!m_navigation.mouseRelease(*event) || !canDraw())
         return;
-    if (m_actions.seek->isChecked())
+    m_clickSought = m_actions.seek->isChecked();
+    if (m_clickSought)
         seek(event->position());
     else
         select(event->position());

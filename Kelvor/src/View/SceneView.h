@@ -40,11 +40,20 @@ class SceneView : public QWidget
     Q_OBJECT
 
 public:
+    enum class Look
+    {
+        Anew,
+        Kept
+    };
+
     explicit SceneView(QWidget* parent = nullptr);
     ~SceneView() override;
 
     /// The graph to show, or nothing (null). It is referenced while it is shown.
-    void setRoot(SoNode* root);
+    ///
+    /// With `Look::Kept` it is seen from where the one before was, in the same light: it is the same scene,
+    /// read again.
+    void setRoot(SoNode* root, Look look = Look::Anew);
     SoNode* root() const { return m_stage.root(); }
 
     /// Marks one occurrence of a node, given by the child indices that lead to it from the root, with an
@@ -118,4 +127,5 @@ private:
     bool m_isStale = true;     // the scene is no longer what the image shows
     bool m_isAnnounced = true; // the image's signals have been sent
     bool m_isFirstFrame = true;
+    bool m_clickSought = false; // the last click was for a seek
 };

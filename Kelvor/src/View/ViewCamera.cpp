@@ -21,6 +21,7 @@ constexpr float nearestSeen = 0.02f; // of the focal distance
 constexpr float frame = 1.08f;       // of the box: a little space around it
 
 const SbVec3f right(1.0f, 0.0f, 0.0f);
+constexpr float defaultHeightAngle = pi / 4.0f;
 const SbVec3f upright(0.0f, 1.0f, 0.0f);
 const SbVec3f ahead(0.0f, 0.0f, -1.0f);
 
@@ -47,9 +48,17 @@ ViewCamera::ViewCamera()
     m_node->ref();
     m_node->addChild(m_perspective);
     m_node->addChild(m_orthographic);
-    m_node->whichChild = 0;
+    reset();
+}
+
+void ViewCamera::reset()
+{
+    m_isOrthographic = false;
+    m_perspective->heightAngle = defaultHeightAngle;
+    m_up = upright;
     setOrientation(SbRotation(right, -0.4f) * SbRotation(upright, 0.6f));
     place(SbVec3f(0.0f, 0.0f, 0.0f), 5.0f);
+    setEnabled(m_isEnabled);
 }
 
 ViewCamera::~ViewCamera()

@@ -35,6 +35,9 @@ public:
     ViewCamera(const ViewCamera&) = delete;
     ViewCamera& operator=(const ViewCamera&) = delete;
 
+    /// Goes back to where a new one is, in perspective.
+    void reset();
+
     /// The node to put above the scene. It holds the camera in use, or no camera while that is switched off.
     SoNode* node() const;
     const SoCamera* camera() const;

@@ -3,15 +3,31 @@
 #include "CameraRule.h"
 
 #include <Inventor/SbViewportRegion.h>
+#include <Inventor/SoFullPath.h>
+#include <Inventor/SoPickedPoint.h>
 #include <Inventor/actions/SoSubAction.h>
 #include <Inventor/elements/SoOverrideElement.h>
 #include <Inventor/elements/SoPickStyleElement.h>
 #include <Inventor/elements/SoViewingMatrixElement.h>
+#include <Inventor/lists/SoPickedPointList.h>
+#include <Inventor/nodes/SoAnnotation.h>
 #include <Inventor/nodes/SoCamera.h>
 #include <Inventor/nodes/SoDrawStyle.h>
 #include <Inventor/nodes/SoPickStyle.h>
 
 #include <cmath>
+
+namespace {
+
+bool isInAnnotation(const SoFullPath& path)
+{
+    for (int i = 0; i < path.getLength(); ++i)
+        if (path.getNode(i)->isOfType(SoAnnotation::getClassTypeId()))
+            return true;
+    return false;
+}
+
+} // namespace
 
 SO_ACTION_SOURCE(ViewPickAction);
 
@@ -40,7 +56,13 @@ const SoPickedPoint* ViewPickAction::pick(SoNode* scene, const QPointF& position
     setPoint(SbVec2s(static_cast<short>(std::floor(position.x())),
                      static_cast<short>(height - 1 - std::floor(position.y()))));
     setRadius(radius);
+    setPickAll(TRUE);
     apply(scene);
+    // From the nearest on; but what stands in an annotation is drawn over everything else.
+    const SoPickedPointList& points = getPickedPointList();
+    for (int i = 0; i < points.getLength(); ++i)
+        if (isInAnnotation(*static_cast<const SoFullPath*>(points[i]->getPath())))
+            return points[i];
     return getPickedPoint();
 }
 

@@ -249,7 +249,9 @@ void MainWindow::sceneChanged()
     m_history->clear();
     services->getChanges()->restart();
     m_fieldPanel->clearPins();
-    m_view->setRoot(m_document->root());
+    const QString file = m_document->fileName();
+    const bool isReload = file == std::exchange(m_shownFile, file) && !file.isEmpty();
+    m_view->setRoot(m_document->root(), isReload ? SceneView::Look::Kept : SceneView::Look::Anew);
     m_treePanel->setRoot(m_document->root());
     m_changesPanel->setRoot(m_document->root());
     updateTitle();
@@ -279,9 +281,9 @@ void MainWindow::updateTitle()
     if (!file.isEmpty())
         setWindowTitle(tr("%1[*] – Kelvor").arg(QFileInfo(file).fileName()));
     else if (const SoNode* root = m_document->root())
-        setWindowTitle(tr("%1 – Kelvor").arg(objectLabel(root)));
+        setWindowTitle(tr("%1[*] – Kelvor").arg(objectLabel(root)));
     else
-        setWindowTitle(tr("Kelvor"));
+        setWindowTitle(tr("Kelvor[*]"));
 }
 
 void MainWindow::restoreLayout()

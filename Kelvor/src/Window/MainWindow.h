@@ -77,6 +77,7 @@ private:
     void updateTitle();
     void restoreLayout();
 
+    QString m_shownFile;
     const Layout m_layout;
     const Host m_host;
     QUndoStack* m_history;
