@@ -191,6 +191,9 @@ const SoPickedPoint* SceneView::pick(ViewPickAction& action, QPointF position)
 
 std::optional<SbVec3f> SceneView::pointAt(QPointF position)
 {
+    // Some shapes need OpenGL to be picked.
+    if (!canDraw())
+        return std::nullopt;
     ViewPickAction action(m_viewport, m_rule);
     const SoPickedPoint* const picked = pick(action, position);
     return picked ? std::optional(picked->getPoint()) : std::nullopt;
@@ -236,7 +239,7 @@ void SceneView::keyPressEvent(QKeyEvent* event)
 void SceneView::mouseDoubleClickEvent(QMouseEvent* event)
 {
     // The first click of two may have been the one that a seek waited for.
-    if (event->button() == Qt::LeftButton && canDraw() && !std::exchange(m_clickSought, false))
+    if (event->button() == Qt::LeftButton && !std::exchange(m_clickSought, false))
         seek(event->position());
 }
 
