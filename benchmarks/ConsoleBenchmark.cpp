@@ -2,11 +2,9 @@
 // a bare text view and a pipe to a file. Run with QT_QPA_PLATFORM=offscreen; writes a table for
 // docs/performance.md.
 
-#include "MarkdownReporter.h"
+#include "BenchmarkMain.h"
 
 #include <KlvConsole.h>
-
-#include <Inventor/SoDB.h>
 
 #include <benchmark/benchmark.h>
 
@@ -96,13 +94,8 @@ const struct
 
 } // namespace
 
-int main(int argc, char** argv)
+void registerBenchmarks()
 {
-    SoDB::init();
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
     for (const auto& way : Ways) {
         for (const int count : {1'000, 10'000, 100'000, 1'000'000}) {
             if (count > way.most)
@@ -123,7 +116,4 @@ int main(int argc, char** argv)
                 ->Unit(benchmark::kMicrosecond);
         }
     }
-    MarkdownReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    return 0;
 }

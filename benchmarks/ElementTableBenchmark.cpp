@@ -1,14 +1,16 @@
 // What an element table costs against the number of elements, in the inspector and done in the two usual
 // ways. Run with QT_QPA_PLATFORM=offscreen; writes a table for docs/performance.md.
 
+#include "BenchmarkMain.h"
 #include "EditorElementView.h"
-#include "MarkdownReporter.h"
 #include "ModelElementView.h"
 #include "WidgetElementView.h"
 
 #include <benchmark/benchmark.h>
 
-#include <Inventor/SoInteraction.h>
+#include <functional>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -83,9 +85,10 @@ const struct
 {
     const char* name;
     std::unique_ptr<ElementView> (*make)(int size);
-} Views[] = {{"inspector", make<EditorElementView>},
-             {"table view over a model", make<ModelElementView>},
-             {"table widget with items", make<WidgetElementView>}};
+    int most; ///< elements; more take too long
+} Views[] = {{"inspector", make<EditorElementView>, 10'000'000},
+             {"table view over a model", make<ModelElementView>, 10'000'000},
+             {"table widget with items", make<WidgetElementView>, 1'000'000}};
 
 const struct
 {
@@ -94,44 +97,48 @@ const struct
 } Operations[] = {{"show", show},     {"refresh", refresh},     {"edit a cell", edit}, {"scroll", scroll},
                   {"add a row", add}, {"delete a row", remove}, {"move a row", move}};
 
-/// One view at a time is kept open for all operations on it: filling the largest takes a minute.
-std::unique_ptr<ElementView> openView;
+/// One view at a time is kept open for all operations on it: filling a large one takes long.
+class OpenView
+{
+public:
+    /// The view of that name and size; the one that was open goes.
+    ElementView& get(const std::string& name, const std::function<std::unique_ptr<ElementView>()>& make)
+    {
+        if (name != m_name) {
+            m_view.reset();
+            m_view = make();
+            m_view->open();
+            m_name = name;
+        }
+        return *m_view;
+    }
+
+private:
+    std::string m_name;
+    std::unique_ptr<ElementView> m_view;
+};
 
 } // namespace
 
-int main(int argc, char** argv)
+void registerBenchmarks()
 {
-    SoDB::init();
-    SoInteraction::init();
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
+    const auto open = std::make_shared<OpenView>();
     for (const auto& view : Views) {
         for (const int size : {10, 1'000, 100'000, 1'000'000, 10'000'000}) {
+            if (size > view.most)
+                continue;
             for (const auto& operation : Operations) {
-                const std::string name =
-                    std::string(operation.name) + '/' + view.name + '/' + std::to_string(size);
-                const bool first = operation.operation == show;
+                const std::string key = std::string(view.name) + '/' + std::to_string(size);
+                const std::string name = std::string(operation.name) + '/' + key;
                 benchmark::RegisterBenchmark(name.c_str(),
                                              [=, &operation, &view](benchmark::State& state) {
-                                                 static std::string opened;
-                                                 const std::string key = view.name + std::to_string(size);
-                                                 if (first || opened != key) {
-                                                     openView.reset();
-                                                     openView = view.make(size);
-                                                     openView->open();
-                                                     opened = key;
-                                                 }
-                                                 operation.operation(*openView, state, size);
+                                                 ElementView& opened =
+                                                     open->get(key, [&] { return view.make(size); });
+                                                 operation.operation(opened, state, size);
                                              })
                     ->Unit(benchmark::kMillisecond)
                     ->MinTime(0.2);
             }
         }
     }
-    MarkdownReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    openView.reset();
-    return 0;
 }

@@ -2,7 +2,8 @@
 // user-interface thread for one sixtieth of a second, by the number of fields that engines drive. Run with
 // QT_QPA_PLATFORM=offscreen, or under an X server to have the inspector draw the scene as well.
 
-#include "MarkdownReporter.h"
+#include "BenchmarkMain.h"
+#include "NaiveInspector.h"
 
 #include <Kelvor/KelvorInspector.h>
 
@@ -10,7 +11,6 @@
 
 #include <Inventor/SbViewportRegion.h>
 #include <Inventor/SoDB.h>
-#include <Inventor/SoInteraction.h>
 #include <Inventor/actions/SoGetBoundingBoxAction.h>
 #include <Inventor/engines/SoCalculator.h>
 #include <Inventor/nodes/SoCube.h>
@@ -19,13 +19,16 @@
 #include <Inventor/nodes/SoTranslation.h>
 #include <Inventor/sensors/SoSensorManager.h>
 
+#include <benchmark/benchmark.h>
+
 #include <QApplication>
-#include <QSettings>
-#include <QTemporaryDir>
+#include <QEventLoop>
 #include <QTimer>
 #include <QTreeView>
 
 #include <ctime>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -85,17 +88,19 @@ double threadSeconds()
 /// Processor time of this thread for one tick.
 double secondsATick(LiveScene& scene)
 {
+    // One of its own: the inspector closes when that of the application ends.
+    QEventLoop loop;
     QTimer timer;
     timer.setTimerType(Qt::PreciseTimer);
     int left = ticks;
     timer.callOnTimeout([&] {
         scene.tick();
         if (--left == 0)
-            QCoreApplication::exit();
+            loop.quit();
     });
     timer.start(1000 / 60);
     const double start = threadSeconds();
-    QApplication::exec();
+    loop.exec();
     return (threadSeconds() - start) / ticks;
 }
 
@@ -105,60 +110,62 @@ void settle()
         QApplication::processEvents(QEventLoop::AllEvents, 10);
 }
 
-void alone(LiveScene&) {}
+/// A window on the scene; goes with the last reference.
+using Watcher = std::shared_ptr<void>;
 
-void inspected(LiveScene& scene)
+Watcher alone(LiveScene&)
 {
-    QWidget* window = KelvorInspector::inspect(scene.root())->window();
-    for (auto* tree : window->findChildren<QTreeView*>())
-        tree->expandAll();
+    return nullptr;
 }
 
-void driven(LiveScene& scene)
+Watcher inspected(LiveScene& scene)
 {
-    inspected(scene);
+    const std::shared_ptr<KelvorInspector> inspector(KelvorInspector::inspect(scene.root()),
+                                                     [](KelvorInspector* shown) { shown->close(); });
+    for (auto* tree : inspector->window()->findChildren<QTreeView*>())
+        tree->expandAll();
+    return inspector;
+}
+
+Watcher driven(LiveScene& scene)
+{
+    const Watcher inspector = inspected(scene);
     KlvServices::getInstance()->setSelectedField(&scene.first()->translation);
+    return inspector;
+}
+
+Watcher filledAnew(LiveScene& scene)
+{
+    return std::make_shared<NaiveInspector>(scene.root(), scene.first()->translation);
 }
 
 const struct
 {
     const char* name;
-    void (*prepare)(LiveScene& scene);
-} ways[] = {{"scene alone", alone},
+    Watcher (*watch)(LiveScene& scene);
+} Ways[] = {{"scene alone", alone},
             {"inspector, tree expanded", inspected},
-            {"inspector, editor of a driven field", driven}};
+            {"inspector, editor of a driven field", driven},
+            {"everything filled anew", filledAnew}};
 
 } // namespace
 
-int main(int argc, char** argv)
+void registerBenchmarks()
 {
-    SoDB::init();
-    SoInteraction::init();
-    QApplication application(argc, argv);
-    const QTemporaryDir settings;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, settings.path());
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    for (const auto& way : ways) {
+    for (const auto& way : Ways) {
         for (const int fields : {10, 100, 1'000, 10'000}) {
             const auto name = "ms a tick/" + std::string(way.name) + '/' + std::to_string(fields);
             benchmark::RegisterBenchmark(name.c_str(),
                                          [=, &way](benchmark::State& state) {
                                              LiveScene scene(fields);
-                                             way.prepare(scene);
+                                             const Watcher watcher = way.watch(scene);
                                              settle();
                                              for (auto _ : state)
                                                  state.SetIterationTime(secondsATick(scene));
-                                             if (auto* inspector = KelvorInspector::getInstance())
-                                                 inspector->close();
                                          })
                 ->UseManualTime()
                 ->Iterations(1)
                 ->Unit(benchmark::kMillisecond);
         }
     }
-    MarkdownReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    return 0;
 }

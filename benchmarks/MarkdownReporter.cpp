@@ -14,20 +14,26 @@ bool MarkdownReporter::ReportContext(const Context& context)
 void MarkdownReporter::ReportRuns(const std::vector<Run>& runs)
 {
     for (const Run& run : runs) {
+        GetErrorStream() << run.benchmark_name() << ": ";
+        if (run.error_occurred) {
+            GetErrorStream() << run.error_message << '\n';
+            m_hasFailures = true;
+            continue;
+        }
+        GetErrorStream() << run.GetAdjustedRealTime() << ' ' << benchmark::GetTimeUnitString(run.time_unit)
+                         << '\n';
         std::istringstream name(run.run_name.function_name);
         std::string operation;
         std::string way;
         std::string size;
         std::getline(name, operation, '/');
         std::getline(name, way, '/');
-        if (!std::getline(name, size))
-            size = run.run_name.args;
+        std::getline(name, size);
         const auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& candidate) {
             return candidate.operation == operation && candidate.way == way;
         });
         Row& target = row != m_rows.end() ? *row : m_rows.emplace_back(Row{operation, way, {}});
-        target.milliseconds[std::stol(size)] = run.GetAdjustedRealTime();
-        GetErrorStream() << run.benchmark_name() << ": " << run.GetAdjustedRealTime() << " ms\n";
+        target.times[std::stol(size)] = run.GetAdjustedRealTime();
     }
 }
 
@@ -36,7 +42,7 @@ void MarkdownReporter::Finalize()
     std::set<long> sizes;
     std::vector<std::string> operations;
     for (const Row& row : m_rows) {
-        for (const auto& [size, time] : row.milliseconds)
+        for (const auto& [size, time] : row.times)
             sizes.insert(size);
         if (std::find(operations.begin(), operations.end(), row.operation) == operations.end())
             operations.push_back(row.operation);
@@ -54,9 +60,9 @@ void MarkdownReporter::Finalize()
                 continue;
             out << "\n| " << operation << " | " << row.way << " |";
             for (const long size : sizes) {
-                const auto found = row.milliseconds.find(size);
+                const auto found = row.times.find(size);
                 char text[32] = "";
-                if (found != row.milliseconds.end())
+                if (found != row.times.end())
                     std::snprintf(text, sizeof text, "%.*f", found->second < 10 ? 2 : 0, found->second);
                 out << ' ' << text << " |";
             }

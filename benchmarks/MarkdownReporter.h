@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-/// Writes benchmarks named "operation/way/size", or "operation/way" with the size as their one argument, as a
-/// table with a column for each size, in the unit of the benchmarks.
+/// Writes benchmarks named "operation/way/size" as a table with a column for each size, in the unit of the
+/// benchmarks.
 class MarkdownReporter : public benchmark::BenchmarkReporter
 {
 public:
@@ -15,13 +15,17 @@ public:
     void ReportRuns(const std::vector<Run>& runs) override;
     void Finalize() override;
 
+    /// Whether a benchmark gave an error instead of a time. Its cell stays empty.
+    bool hasFailures() const { return m_hasFailures; }
+
 private:
     struct Row
     {
         std::string operation;
         std::string way;
-        std::map<long, double> milliseconds;
+        std::map<long, double> times;
     };
 
     std::vector<Row> m_rows;
+    bool m_hasFailures = false;
 };

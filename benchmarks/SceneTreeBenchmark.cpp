@@ -1,146 +1,179 @@
+// The scene tree against the number of nodes, beside a tree widget filled with items. Each operation is over
+// when it is on the screen. Run with QT_QPA_PLATFORM=offscreen; writes a table for docs/performance.md.
+
+#include "BenchmarkMain.h"
+#include "GroupedScene.h"
+#include "NaiveInspector.h"
+#include "PaintWatch.h"
+
 #include "Models/SceneTreeModel.h"
 #include "Models/SceneTreeView.h"
 
-#include <benchmark/benchmark.h>
+#include <Inventor/SoDB.h>
+#include <Inventor/sensors/SoSensorManager.h>
 
-#include <Inventor/misc/SoChildList.h>
-#include <Inventor/nodes/SoCube.h>
-#include <Inventor/nodes/SoSeparator.h>
+#include <benchmark/benchmark.h>
 
 #include <QApplication>
 #include <QTreeWidget>
 
+#include <string>
+
 namespace {
 
-/// A root with `size` nodes below it, all its children or in groups of a thousand.
-class Scene
+/// The inspector's tree.
+class Tree
 {
 public:
-    explicit Scene(int size, bool flat)
-        : m_root(new SoSeparator)
+    QTreeView& view() { return m_view; }
+    void show(SoNode* root)
     {
-        m_root->ref();
-        SoSeparator* group = m_root;
-        for (int i = 0; i < size; ++i) {
-            if (!flat && i % 1000 == 0)
-                m_root->addChild(group = new SoSeparator);
-            group->addChild(new SoCube);
-        }
+        m_model.setRoot(root);
+        m_view.expand(m_model.index(0, 0));
     }
-    ~Scene() { m_root->unref(); }
-
-    SoSeparator* root() const { return m_root; }
+    void clear() { m_model.setRoot(nullptr); }
+    /// The first group below the root is open, too.
+    void openGroup() { m_view.expand(m_model.index(0, 0, m_model.index(0, 0))); }
+    /// The graph has changed: the model hears of it by itself.
+    void follow(SoNode*) {}
 
 private:
-    SoSeparator* m_root;
+    SceneTreeModel m_model;
+    SceneTreeView m_view{&m_model};
 };
 
-void fill(QTreeWidgetItem* item, const SoNode* node)
+/// A tree widget with an item for each node.
+class TreeWidget
 {
-    item->setText(0, QString::fromUtf8(node->getTypeId().getName().getString()));
-    item->setText(1, QString::fromUtf8(node->getName().getString()));
-    if (const SoChildList* children = node->getChildren()) {
-        for (int i = 0; i < children->getLength(); ++i)
-            fill(new QTreeWidgetItem(item), (*children)[i]);
+public:
+    TreeWidget()
+    {
+        m_view.setColumnCount(2);
+        m_view.setUniformRowHeights(true);
     }
-}
-
-void showInTree(benchmark::State& state, bool flat)
-{
-    const Scene scene(static_cast<int>(state.range(0)), flat);
-    SceneTreeModel model;
-    SceneTreeView view(&model);
-    view.resize(400, 800);
-    view.show();
-    QApplication::processEvents();
-    for (auto _ : state) {
-        model.setRoot(scene.root());
-        view.expand(model.index(0, 0));
-        QApplication::processEvents();
-        state.PauseTiming();
-        model.setRoot(nullptr);
-        QApplication::processEvents();
-        state.ResumeTiming();
-    }
-}
-
-void showInTreeWidget(benchmark::State& state, bool flat)
-{
-    const Scene scene(static_cast<int>(state.range(0)), flat);
-    QTreeWidget view;
-    view.setColumnCount(2);
-    view.setUniformRowHeights(true);
-    view.resize(400, 800);
-    view.show();
-    QApplication::processEvents();
-    for (auto _ : state) {
+    QTreeView& view() { return m_view; }
+    void show(SoNode* root)
+    {
         auto* item = new QTreeWidgetItem;
-        fill(item, scene.root());
-        view.addTopLevelItem(item);
-        view.expandItem(item);
-        QApplication::processEvents();
+        NaiveInspector::fillItem(item, root);
+        m_view.addTopLevelItem(item);
+        m_view.expandItem(item);
+    }
+    void clear() { m_view.clear(); }
+    void openGroup() { m_view.expandItem(m_view.topLevelItem(0)->child(0)); }
+    void follow(SoNode* root)
+    {
+        clear();
+        show(root);
+        openGroup();
+    }
+
+private:
+    QTreeWidget m_view;
+};
+
+void settle()
+{
+    SoDB::getSensorManager()->processDelayQueue(TRUE);
+    QApplication::processEvents();
+}
+
+template <class Way>
+void makeVisible(Way& way)
+{
+    way.view().resize(400, 800);
+    way.view().show();
+    settle();
+}
+
+template <class Way>
+void show(benchmark::State& state, GroupedScene::Shape shape, int size)
+{
+    const GroupedScene scene(size, shape);
+    Way way;
+    makeVisible(way);
+    PaintWatch watch(way.view().viewport());
+    for (auto _ : state) {
+        watch.reset();
+        way.show(scene.root());
+        if (!watch.wait())
+            state.SkipWithError("nothing is shown");
         state.PauseTiming();
-        view.clear();
-        QApplication::processEvents();
+        way.clear();
+        settle();
         state.ResumeTiming();
     }
 }
 
-/// One child less and, in the next pass of the event loop, one more: with the view's layout and, if asked
-/// for, painting.
-void changeOne(benchmark::State& state, bool flat, bool painted)
+/// One of the children in sight goes, and the next time comes back.
+template <class Way>
+void follow(benchmark::State& state, GroupedScene::Shape shape, int size)
 {
-    const Scene scene(static_cast<int>(state.range(0)), flat);
-    SceneTreeModel model;
-    SceneTreeView view(&model);
-    view.resize(400, 800);
-    view.show();
-    model.setRoot(scene.root());
-    view.expand(model.index(0, 0));
-    QApplication::processEvents();
-    auto* group = flat ? scene.root() : static_cast<SoSeparator*>(scene.root()->getChild(0));
-    if (!flat)
-        view.expand(model.index(0, 0, model.index(0, 0)));
+    const GroupedScene scene(size, shape);
+    auto* group =
+        shape == GroupedScene::Flat ? scene.root() : static_cast<SoSeparator*>(scene.root()->getChild(0));
+    Way way;
+    makeVisible(way);
+    way.show(scene.root());
+    settle();
+    way.openGroup();
+    settle();
+    PaintWatch watch(way.view().viewport());
     const int place = 10;
-    SoNode* child = group->getChild(place);
+    SoNode* const child = group->getChild(place);
     child->ref();
-    const auto follow = [&] {
-        if (painted) {
-            QApplication::processEvents();
-            return;
-        }
-        model.synchronize();
-        view.visualRect(model.index(0, 0)); // lays the rows out
-    };
-    bool there = true;
+    bool isThere = true;
     for (auto _ : state) {
         state.PauseTiming(); // the scene graph's own work on a long child list
-        if (there)
+        if (isThere)
             group->removeChild(place);
         else
             group->insertChild(child, place);
-        there = !there;
+        isThere = !isThere;
+        watch.reset();
         state.ResumeTiming();
-        follow();
+        way.follow(scene.root());
+        if (!watch.wait())
+            state.SkipWithError("the change is not shown");
     }
     child->unref();
 }
 
-constexpr auto nested = false;
-constexpr auto flat = true;
+using Run = void (*)(benchmark::State& state, GroupedScene::Shape shape, int size);
 
-void sizes(benchmark::internal::Benchmark* benchmark)
+const struct
 {
-    benchmark->Arg(10000)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+    const char* name;
+    Run inspector;
+    Run treeWidget;
+} Operations[] = {{"show", show<Tree>, show<TreeWidget>},
+                  {"follow a change", follow<Tree>, follow<TreeWidget>}};
+
+const struct
+{
+    const char* name;
+    GroupedScene::Shape shape;
+} Shapes[] = {{", groups of 1000", GroupedScene::Nested}, {", one group", GroupedScene::Flat}};
+
+void add(const std::string& name, Run run, GroupedScene::Shape shape, int size)
+{
+    benchmark::RegisterBenchmark((name + '/' + std::to_string(size)).c_str(),
+                                 [=](benchmark::State& state) { run(state, shape, size); })
+        ->Unit(benchmark::kMillisecond)
+        ->MinTime(0.1);
 }
 
-BENCHMARK_CAPTURE(showInTree, nested, nested)->Apply(sizes);
-BENCHMARK_CAPTURE(showInTree, flat, flat)->Apply(sizes);
-BENCHMARK_CAPTURE(showInTreeWidget, nested, nested)->Apply(sizes);
-BENCHMARK_CAPTURE(showInTreeWidget, flat, flat)->Apply(sizes);
-BENCHMARK_CAPTURE(changeOne, nested, nested, false)->Apply(sizes);
-BENCHMARK_CAPTURE(changeOne, flat, flat, false)->Apply(sizes);
-BENCHMARK_CAPTURE(changeOne, nested_painted, nested, true)->Apply(sizes);
-BENCHMARK_CAPTURE(changeOne, flat_painted, flat, true)->Apply(sizes);
-
 } // namespace
+
+void registerBenchmarks()
+{
+    for (const auto& operation : Operations) {
+        for (const auto& shape : Shapes) {
+            for (const int size : {1'000, 10'000, 100'000, 1'000'000}) {
+                const std::string name = std::string(operation.name) + shape.name;
+                add(name + "/inspector", operation.inspector, shape.shape, size);
+                add(name + "/tree widget with items", operation.treeWidget, shape.shape, size);
+            }
+        }
+    }
+}

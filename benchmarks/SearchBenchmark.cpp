@@ -2,12 +2,10 @@
 // with a look at the field, and the text of all fields in one go. Run with QT_QPA_PLATFORM=offscreen; writes
 // a table for docs/performance.md.
 
-#include "MarkdownReporter.h"
+#include "BenchmarkMain.h"
 
 #include "Search/TreeSearch.h"
 
-#include <Inventor/SoDB.h>
-#include <Inventor/SoInteraction.h>
 #include <Inventor/actions/SoSearchAction.h>
 #include <Inventor/lists/SoFieldList.h>
 #include <Inventor/lists/SoPathList.h>
@@ -16,6 +14,8 @@
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoSeparator.h>
 #include <Inventor/nodes/SoTranslation.h>
+
+#include <benchmark/benchmark.h>
 
 #include <QApplication>
 
@@ -177,43 +177,31 @@ const struct
 
 } // namespace
 
-int main(int argc, char** argv)
+void registerBenchmarks()
 {
-    SoDB::init();
-    SoInteraction::init();
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
     // One scene at a time; benchmarks of one size follow each other.
-    std::unique_ptr<Scene> scene;
-    int sceneSize = 0;
+    const auto scene = std::make_shared<std::pair<int, std::unique_ptr<Scene>>>();
     for (const int size : {10'000, 100'000, 1'000'000}) {
         for (const auto& figure : Figures) {
             for (const auto& way : Ways) {
                 if (size > way.most || (figure.time == &Times::firstMatch && !way.hasMatches))
                     continue;
                 const auto name = std::string(figure.name) + '/' + way.name + '/' + std::to_string(size);
-                benchmark::RegisterBenchmark(
-                    name.c_str(),
-                    [&scene, &sceneSize, &figure, &way, size](benchmark::State& state) {
-                        if (std::exchange(sceneSize, size) != size) {
-                            scene.reset();
-                            scene = std::make_unique<Scene>(size);
-                        }
-                        for (auto _ : state) {
-                            const Times times = way.search(scene->root());
-                            state.SetIterationTime(times.*figure.time / 1000);
-                        }
-                    })
+                benchmark::RegisterBenchmark(name.c_str(),
+                                             [scene, size, &figure, &way](benchmark::State& state) {
+                                                 if (std::exchange(scene->first, size) != size) {
+                                                     scene->second.reset();
+                                                     scene->second = std::make_unique<Scene>(size);
+                                                 }
+                                                 for (auto _ : state) {
+                                                     const Times times = way.search(scene->second->root());
+                                                     state.SetIterationTime(times.*figure.time / 1000);
+                                                 }
+                                             })
                     ->UseManualTime()
                     ->Iterations(size < 1'000'000 ? 5 : 1)
                     ->Unit(benchmark::kMillisecond);
             }
         }
     }
-    MarkdownReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    scene.reset();
-    return 0;
 }

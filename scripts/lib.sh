@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# What scripts/run and scripts/test share. To be sourced; expects `set -euo pipefail`.
+# What the scripts share. To be sourced; expects `set -euo pipefail`.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
