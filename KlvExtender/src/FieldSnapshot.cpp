@@ -6,7 +6,12 @@
 
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
 
-#include <Inventor/fields/SoMField.h>
+#include <Inventor/engines/SoEngine.h>
+#include <Inventor/fields/SoMFEngine.h>
+#include <Inventor/fields/SoMFNode.h>
+#include <Inventor/fields/SoSFEngine.h>
+#include <Inventor/fields/SoSFNode.h>
+#include <Inventor/nodes/SoNode.h>
 
 #include <algorithm>
 #include <tuple>
@@ -16,11 +21,22 @@ namespace {
 
 constexpr std::size_t largeFieldBytes = std::size_t(64) << 10;
 
-qint64 g_totalBytes = 0;
-
 const SoMField& elementsOf(const SoField& field)
 {
     return static_cast<const SoMField&>(field);
+}
+
+/// Counts what a field refers to as referenced by the inspector, where it is of one of these types.
+template <class Single, class Multi>
+void count(const SoField& field, std::vector<KlvContainerRef>& counted)
+{
+    if (field.isOfType(Single::getClassTypeId()))
+        counted.push_back(KlvContainerRef::countingOther(static_cast<const Single&>(field).getValue()));
+    if (!field.isOfType(Multi::getClassTypeId()))
+        return;
+    const auto& list = static_cast<const Multi&>(field);
+    for (int i = 0; i < list.getNum(); ++i)
+        counted.push_back(KlvContainerRef::countingOther(list[i]));
 }
 
 /// Those of a range that a field with so many elements has.
@@ -80,12 +96,12 @@ FieldSnapshot::FieldSnapshot(std::unique_ptr<SoField> copy, const SoField& field
     : m_copy(std::move(copy))
 {
     takeFlags(field);
+    countObjects();
 }
 
 FieldSnapshot::~FieldSnapshot()
 {
-    if (!m_exempt)
-        g_totalBytes -= m_bytes;
+    addBytes(-m_bytes);
 }
 
 bool FieldSnapshot::haveSameScope(const Ptr& a, const Ptr& b)
@@ -100,8 +116,13 @@ bool FieldSnapshot::haveSameScope(const Ptr& a, const Ptr& b)
 
 bool FieldSnapshot::matches(const SoField& field) const
 {
+    return hasSameFlags(field) && hasSameValue(field);
+}
+
+bool FieldSnapshot::hasSameFlags(const SoField& field) const
+{
     return bool(m_copy->isDefault()) == bool(field.isDefault()) &&
-           bool(m_copy->isIgnored()) == bool(field.isIgnored()) && hasSameValue(field);
+           bool(m_copy->isIgnored()) == bool(field.isIgnored());
 }
 
 void FieldSnapshot::restore(SoField& field) const
@@ -129,22 +150,21 @@ void FieldSnapshot::update(const SoMField& field, ElementRange changed)
     const ElementRange old = clipped({begin, moved ? before : changed.end}, before);
     const ElementRange part = clipped({begin, moved ? now : changed.end}, now);
     addBytes(-qint64(elementsByteSize(copy, old.begin, old.count())));
+    m_counted.clear();
     deleteElements(&copy, now, before - now);
     insertElements(&copy, before, now - before);
     copyElementValues(copy, part.begin, field, part.begin, part.count());
     addBytes(qint64(elementsByteSize(copy, part.begin, part.count())));
     takeFlags(field);
+    countObjects();
 }
 
-qint64 FieldSnapshot::totalBytes()
+void FieldSnapshot::keepAsOriginal() const
 {
-    return g_totalBytes;
-}
-
-void FieldSnapshot::exempt() const
-{
-    if (!std::exchange(m_exempt, true))
-        g_totalBytes -= m_bytes;
+    if (std::exchange(m_isOriginal, true))
+        return;
+    s_stepBytes -= m_bytes;
+    s_originalBytes += m_bytes;
 }
 
 ElementRange FieldSnapshot::part() const
@@ -183,6 +203,11 @@ void FieldSnapshot::takeFlags(const SoField& field)
 void FieldSnapshot::addBytes(qint64 bytes)
 {
     m_bytes += bytes;
-    if (!m_exempt)
-        g_totalBytes += bytes;
+    (m_isOriginal ? s_originalBytes : s_stepBytes) += bytes;
+}
+
+void FieldSnapshot::countObjects()
+{
+    count<SoSFNode, SoMFNode>(*m_copy, m_counted);
+    count<SoSFEngine, SoMFEngine>(*m_copy, m_counted);
 }

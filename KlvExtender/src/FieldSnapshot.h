@@ -2,9 +2,12 @@
 
 #include "ElementRange.h"
 
+#include <KlvExtender/KlvContainerRef.h>
+
 #include <QtGlobal>
 
 #include <memory>
+#include <vector>
 
 class SoField;
 class SoMField;
@@ -42,6 +45,8 @@ public:
     /// True when the field is now as it was then, value (bit for bit) and flags; of a part, that part and the
     /// number of elements.
     bool matches(const SoField& field) const;
+    /// True when the field's default and ignored flags are what they were then.
+    bool hasSameFlags(const SoField& field) const;
 
     /// Makes the field what it was then and notifies at most once. What is so already is not touched. Of a
     /// part: elements are deleted or inserted at the beginning of the part to make the number what it was.
@@ -55,11 +60,13 @@ public:
     SoField& value() const { return *m_copy; }
     /// Bytes that this copy takes.
     qint64 bytes() const { return m_bytes; }
-    /// Takes the bytes of this copy out of the sum: it is kept for another purpose than the steps that may
-    /// share it.
-    void exempt() const;
-    /// Bytes that all copies of the process take, but for those that are exempt.
-    static qint64 totalBytes();
+    /// Counts this copy among the originals from now on: it is kept for another purpose than the steps that
+    /// may share it.
+    void keepAsOriginal() const;
+    /// Bytes that all copies of the process take, but for the originals.
+    static qint64 totalBytes() { return s_stepBytes; }
+    /// Bytes that the originals take.
+    static qint64 originalBytes() { return s_originalBytes; }
 
 private:
     FieldSnapshot(std::unique_ptr<SoField> copy, const SoField& field);
@@ -70,10 +77,14 @@ private:
     void restoreElements(SoMField& field) const;
     void takeFlags(const SoField& field);
     void addBytes(qint64 bytes);
+    void countObjects();
 
     std::unique_ptr<SoField> m_copy;
-    int m_begin = -1; ///< of a part: its first element
-    int m_num = 0;    ///< of a part: the number of all elements
+    std::vector<KlvContainerRef> m_counted; ///< the nodes and engines that the copy refers to
+    int m_begin = -1;                       ///< of a part: its first element
+    int m_num = 0;                          ///< of a part: the number of all elements
     qint64 m_bytes = 0;
-    mutable bool m_exempt = false;
+    mutable bool m_isOriginal = false;
+    static inline qint64 s_stepBytes = 0;
+    static inline qint64 s_originalBytes = 0;
 };

@@ -18,38 +18,34 @@
 
 namespace {
 
-/// Keeps what it replaces: a field may have grown so large that the history has no copy of it.
+/// Leaves everything to the copies of its step.
 class RevertCommand : public KlvCommand
 {
 public:
-    RevertCommand(SoField& field, FieldSnapshot::Ptr before, FieldSnapshot::Ptr original)
+    explicit RevertCommand(SoField& field)
         : KlvCommand(&field, Kind::Action, QCoreApplication::translate("KlvServices", "Revert %1"))
-        , m_before(std::move(before))
-        , m_original(std::move(original))
     {
     }
 
-    void execute() override { m_original->restore(*getField()); }
-    void undo() override
-    {
-        if (m_before)
-            m_before->restore(*getField());
-    }
-    void redo() override { execute(); }
-
-private:
-    FieldSnapshot::Ptr m_before;
-    FieldSnapshot::Ptr m_original;
+    void execute() override {}
+    void undo() override {}
+    void redo() override {}
 };
 
 /// Lets go of the copies of a command, or of all commands of a macro.
-void dropCopies(const QUndoCommand* command)
+void dropCopies(QUndoCommand* command)
 {
     // Plug-ins may have pushed commands of their own.
-    if (const auto* step = dynamic_cast<const HistoryStep*>(command))
-        const_cast<HistoryStep*>(step)->dropCopies();
-    for (int i = 0; i < command->childCount(); ++i)
-        dropCopies(command->child(i));
+    if (auto* step = dynamic_cast<HistoryStep*>(command))
+        step->dropCopies();
+    int obsolete = 0;
+    for (int i = 0; i < command->childCount(); ++i) {
+        auto* child = const_cast<QUndoCommand*>(command->child(i));
+        dropCopies(child);
+        obsolete += child->isObsolete() ? 1 : 0;
+    }
+    if (obsolete > 0 && obsolete == command->childCount())
+        command->setObsolete(true);
 }
 
 } // namespace
@@ -94,9 +90,15 @@ void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* contai
     if (!declared)
         field = m_selected.field();
 
-    const FieldSnapshot::Ptr before = m_selected.of(field);
+    FieldSnapshot::Ptr before = m_selected.of(field);
+    // Of a field that is not selected there is no copy from before its editor wrote, if it has. Only when the
+    // command itself changes the field is it known what that was before.
+    const FieldSnapshot::Ptr entry =
+        field && !m_selected.knows(field) ? FieldSnapshot::take(*field, m_budget) : nullptr;
     if (!guarded([&] { command->execute(); }))
         return;
+    if (entry && !entry->matches(*field))
+        before = entry;
 
     std::shared_ptr<FieldSnapshot> after;
     const bool unchanged = field && before && before->matches(*field);
@@ -117,7 +119,10 @@ void History::push(std::unique_ptr<KlvCommand> command, SoFieldContainer* contai
     step.container = field ? field->getContainer() : container;
     step.before = before;
     step.after = after;
-    record(std::move(step), before);
+    if (field)
+        noteChange(*field, before);
+    record(std::move(step));
+    keepWithinBudget();
 }
 
 bool History::beginScope(SoField& field, const std::optional<ElementRange>& range, const QString& text)
@@ -173,20 +178,23 @@ void History::endScope()
     step.before = scope->before;
     step.after = after;
     step.text = scope->text;
-    record(std::move(step), scope->part ? scope->original : scope->before);
+    noteChange(*scope->field, scope->part ? scope->original : scope->before);
+    record(std::move(step));
+    keepWithinBudget();
 }
 
-void History::record(HistoryStep::Record step, const FieldSnapshot::Ptr& original)
+void History::noteChange(SoField& field, const FieldSnapshot::Ptr& original)
 {
-    if (step.field) {
-        m_changes.keepOriginal(*step.field, original);
-        m_changes.compare(step.field);
-    }
+    m_changes.keepOriginal(field, original);
+    m_changes.compare(&field);
+}
+
+void History::record(HistoryStep::Record step)
+{
     step.gesture = m_gesture;
     step.epoch = m_epoch;
     const QScopedValueRollback<bool> pushing(m_pushing, true);
     m_stack.push(new HistoryStep(std::move(step)));
-    keepWithinBudget();
 }
 
 void History::revert(const std::vector<std::pair<SoField*, FieldSnapshot::Ptr>>& fields)
@@ -199,7 +207,7 @@ void History::revert(const std::vector<std::pair<SoField*, FieldSnapshot::Ptr>>&
         revert(*field, original);
     if (several)
         m_stack.endMacro();
-    keepWithinBudget();
+    keepWithinBudget(1);
 }
 
 void History::revert(SoField& field, const FieldSnapshot::Ptr& original)
@@ -208,17 +216,17 @@ void History::revert(SoField& field, const FieldSnapshot::Ptr& original)
     const FieldSnapshot::Ptr before = selected && selected->matches(field)
                                           ? selected
                                           : FieldSnapshot::take(field, std::numeric_limits<qint64>::max());
-    if (before)
-        before->exempt();
-    HistoryStep::Record step;
-    step.command = std::make_unique<RevertCommand>(field, before, original);
-    step.command->execute();
+    original->restore(field);
     m_selected.settle();
+    HistoryStep::Record step;
+    step.command = std::make_unique<RevertCommand>(field);
+    step.needsCopies = true;
     step.field = &field;
     step.container = field.getContainer();
     step.before = before;
     step.after = original;
-    record(std::move(step), nullptr);
+    m_changes.compare(&field);
+    record(std::move(step));
 }
 
 void History::aboutToReplay(SoField& field)
@@ -255,8 +263,8 @@ bool History::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
-void History::keepWithinBudget()
+void History::keepWithinBudget(int spared)
 {
-    for (int i = 0; i < m_stack.count() && FieldSnapshot::totalBytes() > m_budget; ++i)
-        dropCopies(m_stack.command(i));
+    for (int i = 0; i < m_stack.count() - spared && FieldSnapshot::totalBytes() > m_budget; ++i)
+        dropCopies(const_cast<QUndoCommand*>(m_stack.command(i)));
 }

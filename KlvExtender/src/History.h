@@ -43,7 +43,8 @@ public:
     /// Ends it and records the commands of the field that were pushed meanwhile as one step.
     void endScope();
 
-    /// Makes fields what they were when copies were taken, as one step that can always be undone.
+    /// Makes fields what they were when copies were taken, as one step. It can be undone, however large the
+    /// fields are, until it is the oldest one with copies when these exceed their budget.
     void revert(const std::vector<std::pair<SoField*, FieldSnapshot::Ptr>>& fields);
 
     /// To be called by a step before it changes its field.
@@ -70,11 +71,14 @@ private:
         std::unique_ptr<KlvCommand> last; ///< null for one command
     };
 
-    /// `original` is a copy of the whole field from before the step, as far as there is one.
-    void record(HistoryStep::Record step, const FieldSnapshot::Ptr& original);
+    /// Tells the list of changes of a field that has just been changed. `original` is a copy of all of it
+    /// from before, as far as there is one.
+    void noteChange(SoField& field, const FieldSnapshot::Ptr& original);
+    void record(HistoryStep::Record step);
     void revert(SoField& field, const FieldSnapshot::Ptr& original);
     void walked();
-    void keepWithinBudget();
+    /// The newest steps may be spared.
+    void keepWithinBudget(int spared = 0);
 
     SelectedFieldCopy& m_selected;
     KlvChanges& m_changes;

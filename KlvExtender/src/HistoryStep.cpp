@@ -34,6 +34,7 @@ HistoryStep::HistoryStep(Record record)
     , m_last(std::move(record.last))
     , m_before(std::move(record.before))
     , m_after(std::move(record.after))
+    , m_needsCopies(record.needsCopies)
     , m_joins(record.joins)
     , m_gesture(record.gesture)
     , m_epoch(record.epoch)
@@ -89,6 +90,7 @@ void HistoryStep::dropCopies()
 {
     m_before.reset();
     m_after.reset();
+    setObsolete(m_needsCopies);
 }
 
 void HistoryStep::replay(Direction direction)

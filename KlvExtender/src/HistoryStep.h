@@ -28,6 +28,7 @@ public:
         SoFieldContainer* container = nullptr; ///< kept alive by the step; may be null
         FieldSnapshot::Ptr before;             ///< null when there is none
         FieldSnapshot::Ptr after;              ///< null when there is none
+        bool needsCopies = false;              ///< nothing but the copies can undo it
         bool joins = false;                    ///< a value edit that may become one step with its neighbours
         int gesture = 0;                       ///< the mouse gesture it was made in, 0 for none
         int epoch = 0; ///< counts undos and redos: edits of different epochs never join
@@ -42,8 +43,7 @@ public:
     int id() const override;
     bool mergeWith(const QUndoCommand* other) override;
 
-    bool hasCopies() const { return m_before || m_after; }
-    /// Lets the copies go; the command's own means remain.
+    /// Lets the copies go; the command's own means remain. A step that has none becomes obsolete.
     void dropCopies();
 
 private:
@@ -62,6 +62,7 @@ private:
     std::unique_ptr<KlvCommand> m_last; ///< null when the step is a single command
     FieldSnapshot::Ptr m_before;
     FieldSnapshot::Ptr m_after;
+    bool m_needsCopies;
     bool m_joins;
     int m_gesture;
     int m_epoch;

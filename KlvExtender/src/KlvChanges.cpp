@@ -9,9 +9,17 @@
 
 #include <QHash>
 #include <QSet>
+#include <QTimer>
 
 #include <utility>
 #include <vector>
+
+namespace {
+
+/// Milliseconds without another change, after which a large field is compared with its original.
+constexpr int comparisonDelay = 100;
+
+} // namespace
 
 class KlvChanges::Private
 {
@@ -24,6 +32,8 @@ public:
         bool listed = false;
     };
 
+    void forgetUnlisted();
+
     const Change* find(const SoField* field) const
     {
         const auto found = places.constFind(field);
@@ -32,12 +42,37 @@ public:
 
     std::vector<Change> changes; ///< in the order of the first edits
     QHash<const SoField*, std::size_t> places;
+    QSet<const SoField*> uncompared; ///< large fields, listed until it is known
+    QTimer comparison;
     bool announced = false;
 };
+
+void KlvChanges::Private::forgetUnlisted()
+{
+    std::vector<Change> kept;
+    for (Change& change : changes)
+        if (change.listed)
+            kept.push_back(std::move(change));
+    // Containers that go with their last reference find the list as it will be.
+    changes.swap(kept);
+    places.clear();
+    for (std::size_t i = 0; i < changes.size(); ++i)
+        places.insert(changes[i].field, i);
+}
 
 KlvChanges::KlvChanges()
     : d(std::make_unique<Private>())
 {
+    d->comparison.setSingleShot(true);
+    d->comparison.setInterval(comparisonDelay);
+    connect(&d->comparison, &QTimer::timeout, this, [this] {
+        for (const SoField* field : std::exchange(d->uncompared, {})) {
+            Private::Change& change = d->changes[d->places.value(field)];
+            change.listed = !change.original->matches(*field);
+            if (!change.listed)
+                announce();
+        }
+    });
 }
 
 KlvChanges::~KlvChanges() = default;
@@ -84,6 +119,8 @@ void KlvChanges::restart()
     // Containers that go with their last reference find the list empty already.
     const auto changes = std::exchange(d->changes, {});
     d->places.clear();
+    d->uncompared.clear();
+    d->comparison.stop();
     announce();
 }
 
@@ -96,11 +133,17 @@ void KlvChanges::keepOriginal(SoField& field, const FieldSnapshot::Ptr& original
 {
     if (!needsOriginal(field))
         return;
-    // Bounded field by field: the budget of the history is for what it can do without.
-    if (original)
-        original->exempt();
+    // Beside the budget of the history, which is for what it can do without, and as much again.
+    const auto fits = [&original] {
+        return FieldSnapshot::originalBytes() + original->bytes() <= History::current()->copyBudget();
+    };
+    if (original && !fits())
+        d->forgetUnlisted();
+    const bool isKept = original && fits();
+    if (isKept)
+        original->keepAsOriginal();
     d->places.insert(&field, d->changes.size());
-    d->changes.push_back({KlvContainerRef(field.getContainer()), &field, original});
+    d->changes.push_back({KlvContainerRef(field.getContainer()), &field, isKept ? original : nullptr});
 }
 
 void KlvChanges::compare(const SoField* field)
@@ -110,7 +153,13 @@ void KlvChanges::compare(const SoField* field)
         return;
     Private::Change& change = d->changes[*found];
     const bool wasListed = std::exchange(change.listed, true);
-    change.listed = !change.original || !change.original->matches(*change.field);
+    if (change.original && FieldSnapshot::isLarge(*field)) {
+        d->uncompared.insert(field);
+        d->comparison.start();
+    } else {
+        d->uncompared.remove(field);
+        change.listed = !change.original || !change.original->matches(*field);
+    }
     if (wasListed || change.listed)
         announce();
 }

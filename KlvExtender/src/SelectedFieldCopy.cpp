@@ -99,8 +99,13 @@ void SelectedFieldCopy::fieldDying(void* self, SoSensor*)
 
 void SelectedFieldCopy::settle()
 {
-    if (!m_idle.isActive())
-        return;
+    if (!m_idle.isActive()) {
+        // Nobody is told when the default flag alone changes.
+        if (!m_field || !m_copy || m_copy->hasSameFlags(*m_field))
+            return;
+        m_changed = {0, 0};
+        m_idle.start();
+    }
     if (FieldSnapshot::isLarge(*m_field) && !(canUpdate() && m_changed.count() <= fewElements)) {
         m_outdated = true;
         return;

@@ -30,6 +30,8 @@ public:
     /// May be older than the field's value by what changed since the last idle time; null as well before the
     /// first.
     FieldSnapshot::Ptr of(const SoField* field) const;
+    /// True for the followed field and the one before it, whether there is a copy at present or not.
+    bool knows(const SoField* field) const { return field == m_field || field == m_left; }
     /// Puts a copy of the followed field in place that the caller has just taken; ignored for other fields.
     void set(const SoField* field, std::shared_ptr<FieldSnapshot> copy);
     /// Ends the time in which an editor that lets go of the field followed before may still commit to it.

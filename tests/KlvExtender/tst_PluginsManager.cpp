@@ -1,4 +1,3 @@
-#include "CoinHelpers.h"
 #include "TestMain.h"
 
 #include <KlvExtender/KlvExtension.h>
@@ -7,11 +6,6 @@
 #include <KlvExtender/KlvProfile.h>
 #include <KlvExtender/KlvProfileSetting.h>
 #include <KlvExtender/KlvServices.h>
-
-#include <Inventor/errors/SoDebugError.h>
-
-#include <QSignalSpy>
-#include <QTemporaryDir>
 
 namespace {
 

@@ -1,4 +1,3 @@
-#include "CoinHelpers.h"
 #include "TestMain.h"
 
 #include "../../KlvExtender/src/SceneGraph/FieldBits.h"
@@ -8,13 +7,8 @@
 
 #include <Inventor/SoPath.h>
 #include <Inventor/VRMLnodes/SoVRMLText.h>
-#include <Inventor/errors/SoReadError.h>
-#include <Inventor/fields/SoFields.h>
 #include <Inventor/lists/SoTypeList.h>
 #include <Inventor/nodekits/SoShapeKit.h>
-#include <Inventor/nodes/SoCube.h>
-#include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/nodes/SoSeparator.h>
 
 #include <cmath>
 #include <limits>
@@ -164,37 +158,29 @@ private Q_SLOTS:
 
     void refused()
     {
+        // clang-format off
         const std::pair<const char*, QByteArrayList> rows[] = {
-            {"SFFloat",
-             {"", " # 1", "abc", "2.5abc", "2.5 3", "1,5", "1e39", "-1e39", "--1", "+-1", "1e", "0x1p3",
-              "[ 1 ]"}},
+            {"SFFloat", {"", " # 1", "abc", "2.5abc", "2.5 3", "1,5", "1e39", "-1e39", "--1", "+-1", "1e",
+                         "0x1p3", "[ 1 ]"}},
             {"SFDouble", {"1e400", "1.8e308"}},
             {"SFInt32", {"3.7", "2147483648", "99999999999", "1e3", "08", "0x", "0xffffffff"}},
-            {"SFShort", {"32768", "-32769"}},
-            {"SFUInt32", {"-1", "4294967296"}},
-            {"SFVec4ub", {"256 0 0 0", "-1 0 0 0"}},
-            {"SFVec3f", {"1 2", "1 2 x", "1 2 3 4", "1, 2, 3"}},
+            {"SFShort", {"32768", "-32769"}}, {"SFUInt32", {"-1", "4294967296"}},
+            {"SFVec4ub", {"256 0 0 0", "-1 0 0 0"}}, {"SFVec3f", {"1 2", "1 2 x", "1 2 3 4", "1, 2, 3"}},
             {"SFMatrix", {"1 0 0 0 0 1 0 0 0 0 1 0 0 0 0", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1 7"}},
-            {"SFBool", {"2", "true", "TRUE FALSE", "-1"}},
-            {"SFEnum", {"E", "a", "1", "A B", ""}},
+            {"SFBool", {"2", "true", "TRUE FALSE", "-1"}}, {"SFEnum", {"E", "a", "1", "A B", ""}},
             {"SFBitMask", {"(A | E)", "(A", "A | B", "(A B)", "E"}},
             {"SFString", {"", "\"abc", "\"a\" \"b\"", "two words", "\"a\" b"}},
-            {"MFFloat",
-             {"[ 1, 2", "[ 1,, 2 ]", "[ , ]", "1 2", "[ 1, x, 3 ]", "[ 1 ] 2", "1 ]", "[ [ 1 ] ]"}},
-            {"MFString", {"[ \"a\", \"b ]", "[ \"a\" \"b\"", "[ \"a\"b ]"}},
-            {"MFEnum", {"[ A, E ]"}},
-            {"SFImage",
-             {"2 2 1\n0x1 0x2 0x3", "1 1 1\n0x100", "-1 1 1", "1 1 5\n0x1", "100000 100000 4",
-              "32000 32000 4\n0x1", "1 1 1\n0x1 0x2"}},
+            {"MFFloat", {"[ 1, 2", "[ 1,, 2 ]", "[ , ]", "1 2", "[ 1, x, 3 ]", "[ 1 ] 2", "1 ]", "[ [ 1 ] ]"}},
+            {"MFString", {"[ \"a\", \"b ]", "[ \"a\" \"b\"", "[ \"a\"b ]"}}, {"MFEnum", {"[ A, E ]"}},
+            {"SFImage", {"2 2 1\n0x1 0x2 0x3", "1 1 1\n0x100", "-1 1 1", "1 1 5\n0x1", "100000 100000 4",
+                         "32000 32000 4\n0x1", "1 1 1\n0x1 0x2"}},
             {"SFImage3", {"2000 2000 2000 4\n0x1", "1 1 1 1"}},
-            {"SFNode",
-             {"", "Cube", "Cube {", "Group { DEF A Group { USE A } }", "Cube { width abc }",
-              "Cube { } Sphere { }", "NULL x", "Path { NULL 1 0 }", "Calculator { }", "USE no"}},
-            {"SFEngine", {"Cube { }", "Calculator { a x }"}},
-            {"SFPath", {"Cube {", "Calculator { }"}},
+            {"SFNode", {"", "Cube", "Cube {", "Group { DEF A Group { USE A } }", "Cube { width abc }",
+                        "Cube { } Sphere { }", "NULL x", "Path { NULL 1 0 }", "Calculator { }", "USE no"}},
+            {"SFEngine", {"Cube { }", "Calculator { a x }"}}, {"SFPath", {"Cube {", "Calculator { }"}},
             {"MFNode", {"[ Cube { }, Cone { height x } ]", "[ Cube { }", "[ NULL, ]  NULL"}},
-            {"SFTrigger", {"now"}},
-        };
+            {"SFTrigger", {"now"}}};
+        // clang-format on
         for (const auto& [type, texts] : rows) {
             const auto field = namedField(type);
             QVERIFY(setFieldFromText(field.get(), sampleText(type).constData()));
@@ -215,23 +201,14 @@ private Q_SLOTS:
     void unchangedTextChangesNothing()
     {
         const auto check = [](auto&& field, auto value) {
-            constexpr bool isList = requires
-            {
-                field.set1Value(1, value);
-            };
             giveNames(field);
-            if constexpr (isList) {
-                field.set1Value(0, value);
-                field.set1Value(1, value);
-            } else {
-                field.setValue(value);
-            }
+            field.setValue(value);
             const auto copy = copyOf(field);
             const Notifications notifications(field);
             QVERIFY(setFieldFromText(&field, textOf(field).constData()));
             QVERIFY2(identicalFields(field, *copy) && notifications.count == 1, textOf(field));
-            if constexpr (isList) {
-                QVERIFY(setElementFromText(&field, 1, getElementText(&field, 1)));
+            if (auto* list = dynamic_cast<SoMField*>(static_cast<SoField*>(&field))) {
+                QVERIFY(setElementFromText(list, 0, getElementText(list, 0)));
                 QVERIFY2(identicalFields(field, *copy) && notifications.count == 2, textOf(field));
             }
         };
@@ -260,8 +237,8 @@ private Q_SLOTS:
         // clang-format off
         const char* const strings[] = {
             "", "plain", "\"", "\\", "\\\\", "a\\", "a\"", "\\\"", "\"\\", "\\\\\"", "a\nb\tc\r",
-            "# no comment", "[ x ]", ", \"", "\" ]", "\\\", \"", "\xc3\xa9\xf0\x9f\x98\x80",
-            "\xff\x80 \xc3", "  ", "\"C:\\dir\\"};
+            "# no comment", "[ x ]", ", \"", "\" ]", "\\\", \"", "a\",\n  ", "a\", \"b", "\",# \"",
+            "\xc3\xa9\xf0\x9f\x98\x80", "\xff\x80 \xc3", "  ", "\"C:\\dir\\"};
         // clang-format on
         for (const char* string : strings) {
             SoSFString field;
@@ -273,7 +250,8 @@ private Q_SLOTS:
             for (SoMFString* list : {&node->string, &single}) {
                 list->set1Value(0, "a\\");
                 list->set1Value(1, string);
-                list->set1Value(2, "b\"");
+                list->set1Value(2, "\", ");
+                list->set1Value(3, "b\"");
                 const auto copy = copyOf(*list);
                 const QByteArray printed = textOf(*list);
                 list->setNum(0);
@@ -286,20 +264,8 @@ private Q_SLOTS:
         node->unref();
     }
 
-    void stringLists()
+    void brokenStrings()
     {
-        // Lists whose printed form can be read in several ways up to some point.
-        const QByteArrayList lists[] = {{"a\", ", "b"},         {"a\\", "b"},        {"a\",\n  ", "b"},
-                                        {"x\\", "\\", "\\"},    {"a\", \"b", "c\\"}, {"\" ]", "\\"},
-                                        {"\", ", "\", ", "\\"}, {"\",# \"", ""}};
-        for (const QByteArrayList& strings : lists) {
-            SoMFString field;
-            SoMFString other;
-            for (int i = 0; i < strings.size(); ++i)
-                field.set1Value(i, strings[i].constData());
-            QVERIFY2(setFieldFromText(&other, textOf(field).constData()), textOf(field).constData());
-            QVERIFY2(identicalFields(field, other), (textOf(field) + " became " + textOf(other)).constData());
-        }
         // Thousands of doubtful ends before the error at the end take no more than a moment.
         const QByteArray broken = "[ " + QByteArray("\"a\\\", ").repeated(20000) + "\"b";
         const PostedErrors<SoReadError> errors;

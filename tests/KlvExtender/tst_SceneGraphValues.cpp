@@ -1,4 +1,3 @@
-#include "CoinHelpers.h"
 #include "TestMain.h"
 
 #include "../../KlvExtender/src/SceneGraph/FieldBits.h"
@@ -11,10 +10,6 @@
 #include <KlvExtender/SceneGraph/SoTypedObject.h>
 
 #include <Inventor/SoPath.h>
-#include <Inventor/errors/SoDebugError.h>
-#include <Inventor/errors/SoReadError.h>
-#include <Inventor/fields/SoFields.h>
-#include <Inventor/nodes/SoCube.h>
 
 #include <limits>
 
@@ -104,26 +99,15 @@ private Q_SLOTS:
     {
         constexpr int many = std::numeric_limits<int>::max();
         const QByteArray all = "[ 1, 2, 3 ]";
-        const struct
-        {
-            void (*change)(SoMField*, int, int);
-            int start, count;
-            QByteArray left;
-        } rows[] = {
-            {insertElements, 1, 2, "[ 1, 0, 0, 2, 3 ]"},
-            {insertElements, 5, 1, "[ 1, 2, 3, 0, 0, 0 ]"},
-            {insertElements, -1, 1, all},
-            {insertElements, 0, -3, all},
-            {insertElements, 0, many, all},
-            {insertElements, many, 1, all},
-            {deleteElements, 1, 1, "[ 1, 3 ]"},
-            {deleteElements, 2, 9, "[ 1, 2 ]"},
-            {deleteElements, 0, many, "[  ]"},
-            {deleteElements, 3, 1, all},
-            {deleteElements, 9, 1, all},
-            {deleteElements, -1, 2, all},
-            {deleteElements, 1, -1, all},
-        };
+        // clang-format off
+        const std::tuple<void (*)(SoMField*, int, int), int, int, QByteArray> rows[] = {
+            {insertElements, 1, 2, "[ 1, 0, 0, 2, 3 ]"}, {insertElements, 5, 1, "[ 1, 2, 3, 0, 0, 0 ]"},
+            {insertElements, -1, 1, all}, {insertElements, 0, -3, all}, {insertElements, 0, many, all},
+            {insertElements, many, 1, all}, {deleteElements, 1, 1, "[ 1, 3 ]"},
+            {deleteElements, 2, 9, "[ 1, 2 ]"}, {deleteElements, 0, many, "[  ]"},
+            {deleteElements, 3, 1, all}, {deleteElements, 9, 1, all}, {deleteElements, -1, 2, all},
+            {deleteElements, 1, -1, all}};
+        // clang-format on
         const PostedErrors<SoDebugError> refusals;
         for (const auto& [change, start, count, left] : rows) {
             SoMFInt32 field;

@@ -1,25 +1,9 @@
-#include "CoinHelpers.h"
 #include "TestMain.h"
 
 #include <KlvExtender/KlvCommand.h>
 #include <KlvExtender/KlvEditScope.h>
 #include <KlvExtender/KlvServices.h>
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
-
-#include <Inventor/errors/SoDebugError.h>
-#include <Inventor/fields/SoMFDouble.h>
-#include <Inventor/fields/SoMFNode.h>
-#include <Inventor/fields/SoMFString.h>
-#include <Inventor/fields/SoSFDouble.h>
-#include <Inventor/nodes/SoCoordinate3.h>
-#include <Inventor/nodes/SoCube.h>
-#include <Inventor/nodes/SoMaterial.h>
-#include <Inventor/nodes/SoSeparator.h>
-#include <Inventor/nodes/SoTransform.h>
-
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QUndoStack>
 
 #include <cmath>
 
@@ -419,6 +403,20 @@ private Q_SLOTS:
         m_services->pushCommand(new TestCommand(&field)); // This one without a scope.
         m_stack->undo();
         QVERIFY(field.isSame(*before));
+    }
+
+    void undoIsExactWithoutAScope()
+    {
+        SoMFFloat& field = m_material->shininess;
+        const Deeds deeds = {[&] { field.setValue(0.7f); }};
+        for (const bool selected : {false, true}) {
+            m_services->setSelectedField(selected ? &field : nullptr);
+            editWithin([&] { field.setValue(0.2f); }, &field); // Changes the default flag alone.
+            m_stack->undo();
+            m_services->pushCommand(new TestCommand(&field, deeds));
+            m_stack->undo();
+            QVERIFY(field[0] == 0.2f && field.isDefault());
+        }
     }
 
     void otherElementsStayAsOthersMadeThem()

@@ -28,7 +28,8 @@ Q_DECLARE_OPAQUE_POINTER(SoFieldContainer*)
 /// copies of the edited field, value, default and ignored flags, from before and after each command, so that
 /// undo and redo are exact: see `pushCommand()`. The copies of "before" come from the selected field, whose
 /// copy is kept fresh while the event loop is idle; that of a large field is made then, too, and lists of
-/// more than 4 MiB have none. Whoever announces a change with a `KlvEditScope` does not depend on it.
+/// more than 4 MiB have none. Of a field that is not selected, "before" is known only when the command
+/// changes it in `execute()`. Whoever announces a change with a `KlvEditScope` does not depend on it.
 ///
 /// The one instance is made on first use and goes with the application object. User-interface thread only.
 class KLV_EXTENDER_EXPORT KlvServices : public QObject
@@ -52,10 +53,10 @@ public:
     /// Takes ownership of a command, calls its `execute()` once and records it as a step of the history, with
     /// a reference to the container of its field for as long as the step lives.
     ///
-    /// - A command that changed nothing leaves no step.
+    /// - A command that changed nothing leaves no step, where it can be told: of fields that are not selected
+    ///   it can within a `KlvEditScope` only.
     /// - Value edits of one field that follow each other within a second, or while one mouse button is held,
-    /// become
-    ///   one step.
+    ///   become one step.
     /// - Undo calls the command's `undo()`. If the field was as the command had left it, or that call changed
     ///   nothing, the copy of before is then put into place; if somebody else changed the field in between,
     ///   the command's own result stands. Redo likewise.
@@ -66,10 +67,11 @@ public:
     KlvChanges* getChanges() const;
 
     /// Bytes that the history's copies may take (256 MiB at first). Beyond it the oldest copies are let go,
-    /// and the commands' own undo remains; a field that is larger than the budget is not copied at all.
+    /// and the commands' own undo remains; a field that is larger than the budget is not copied at all. The
+    /// originals that `getChanges()` keeps may take as many bytes again.
     void setCopyBudget(qint64 bytes);
     qint64 getCopyBudget() const;
-    /// Bytes that the copies take now.
+    /// Bytes that the history's copies take now.
     qint64 getCopyBytes() const;
 
 Q_SIGNALS:
