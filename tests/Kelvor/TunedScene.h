@@ -4,15 +4,12 @@
 
 #include "CoinHelpers.h"
 
-#include <Inventor/fields/SoFields.h>
-
 #include <functional>
 #include <limits>
 #include <vector>
 
 /// A scene with fields of many kinds, and values for them that are hard to write down.
 namespace TunedScene {
-
 inline SoSeparator* make()
 {
     return sceneOf("Separator { DEF Gold Material {} Switch { DEF switch Cone {} DEF switch Cube {} }"
@@ -42,7 +39,6 @@ inline const std::vector<Tuning>& tunings()
         {{0}, "transparency", nullptr, with<SoMFFloat>(1.0F / 3)},
         {{0}, "diffuseColor", "[0.1 0.7 0.9, 1e-20 3e10 -0]"},
         {{1}, "whichChild", "-3"},
-        {{1, 0}, "parts", "SIDES"},
         {{2, 0}, "vertex", "[0.1 0.2 0.3, 4 5 6]"},
         {{2}, "coordIndex", "[0, 1, 2, -1, 2147483647, -2147483648]"},
         {{3}, "rotation", nullptr, with<SoSFRotation>(SbVec3f(0.3F, -0.2F, 0.7F), 1.1F)},
@@ -51,13 +47,12 @@ inline const std::vector<Tuning>& tunings()
         {{4}, "matrix", "0.36 0.48 -0.8 0 -0.8 0.6 0 0 0.48 0.64 0.6 0 0 0.1 3e-8 1"},
         {{5}, "plane", nullptr, with<SoSFPlane>(SbPlane(SbVec3f(1, 7, 3), 0.1F))},
         {{6}, "style", "LINES"},
-        {{7}, "string", "[\"a \\\"b\\\"\n\\x\", \"\xc3\xbc 7 \xff\", \"?\?=\", \"\"]"},
+        {{7}, "string", "[\"a \\\"b\\\"\n\\x\", \"\xc3\xbc 7 \xff\", \"?\?=\", \"%1\"]"},
         {{7}, "parts", "(FRONT | BACK)"},
         {{8}, "image", "2 1 3 0xff0080 0x00ff00"},
         {{8}, "model", nullptr, with<SoSFEnum>(7)},
         {{9}, "range", nullptr, [](auto* field) { static_cast<SoMFFloat*>(field)->setNum(0); }},
         {{10}, "string", nullptr, with<SoSFString>("ends in \\")},
-        {{11}, "value", "PER_FACE"},
         {{12}, "ambientIntensity", nullptr, with<SoSFFloat>(-std::numeric_limits<float>::infinity())},
         {{13}, "geoCoords", nullptr, with<SoSFVec3d>(0.1 + 0.2, -59.84537233416583, 1e300)},
     };
@@ -89,5 +84,4 @@ inline QList<SoField*> tune(SoNode* root)
     }
     return tuned;
 }
-
 } // namespace TunedScene

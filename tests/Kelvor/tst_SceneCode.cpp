@@ -1,11 +1,10 @@
 #include "Changes/SceneCode.h"
+#include "Changes/ScenePlaceSearch.h"
 
 #include "TestMain.h"
 #include "TunedScene.h"
 
 #include <Inventor/engines/SoElapsedTime.h>
-#include <Inventor/errors/SoReadError.h>
-#include <Inventor/nodes/SoMaterial.h>
 
 /// What `SceneCode` wrote for the tuned scene when this program was built.
 void tuneAsGenerated(SoNode* root);
@@ -78,6 +77,18 @@ private Q_SLOTS:
         QVERIFY(text.contains("# Separator › IndexedFaceSet › VertexProperty\nVertexProperty {"));
         QVERIFY(text.contains("DEF Box-2 Text3 {"));
         read->unref();
+    }
+
+    void placesAreFoundWhileTheSceneChanges()
+    {
+        auto* last = new SoMaterial;
+        m_root->addChild(last);
+        ScenePlaceSearch search(m_root, {last, m_root->getChild(2), m_root});
+        while (!search.run(0))
+            m_root->insertChild(new SoMaterial, 0);
+        QVERIFY(search.places().find(last)->isValid(m_root, last));
+        QCOMPARE(search.places().find(last)->label(), QString("Separator › Material"));
+        QCOMPARE(search.places().find(m_root)->expression(m_root), QString("root"));
     }
 
     void whatIsNotInTheSceneGetsAPlace()

@@ -21,6 +21,10 @@ namespace {
 
 /// Searches of a large scene take their time, so they wait for more changes to come.
 constexpr int checkDelay = 200;
+/// Milliseconds that a search takes of a turn of the event loop.
+constexpr int sliceTime = 5;
+/// Nobody sees values change more often.
+constexpr int refreshDelay = 16;
 
 QString nameOf(const SoField& field)
 {
@@ -51,7 +55,11 @@ ChangesModel::ChangesModel(const KlvChanges* changes, QObject* parent)
             m_checkTimer.start();
     })
     , m_values(
-          [](void* model, SoSensor*) { static_cast<ChangesModel*>(model)->refresh(NowColumn, NowColumn); },
+          [](void* model, SoSensor*) {
+              auto* self = static_cast<ChangesModel*>(model);
+              if (self->m_watched && !self->m_refreshTimer.isActive())
+                  self->m_refreshTimer.start();
+          },
           this)
 {
     m_values.setDeleteCallback(
@@ -64,6 +72,10 @@ ChangesModel::ChangesModel(const KlvChanges* changes, QObject* parent)
     m_checkTimer.setSingleShot(true);
     m_checkTimer.setInterval(checkDelay);
     connect(&m_checkTimer, &QTimer::timeout, this, &ChangesModel::checkPlaces);
+    connect(&m_searchTimer, &QTimer::timeout, this, &ChangesModel::searchSlice);
+    m_refreshTimer.setSingleShot(true);
+    m_refreshTimer.setInterval(refreshDelay);
+    connect(&m_refreshTimer, &QTimer::timeout, this, [this] { refresh(NowColumn, NowColumn); });
     connect(changes, &KlvChanges::changed, this, &ChangesModel::update);
     update();
 }
@@ -74,6 +86,8 @@ void ChangesModel::setRoot(SoNode* root)
 {
     if (root == m_root)
         return;
+    m_searchTimer.stop();
+    m_search.reset();
     m_structure.detach();
     m_values.detach();
     m_root = root;
@@ -81,7 +95,22 @@ void ChangesModel::setRoot(SoNode* root)
         m_structure.attach(root);
         m_values.attach(root);
     }
+    // What is no longer listed, and not yet announced, need not be looked for.
+    update();
+    for (auto place = m_places.cbegin(); place != m_places.cend(); ++place)
+        m_unsought.insert(place.key());
     checkPlaces();
+}
+
+void ChangesModel::setWatched(bool watched)
+{
+    m_watched = watched;
+    if (!watched) {
+        m_refreshTimer.stop();
+        return;
+    }
+    checkPlaces();
+    refresh(NodeColumn, NowColumn);
 }
 
 QList<SoField*> ChangesModel::fields() const
@@ -90,13 +119,6 @@ QList<SoField*> ChangesModel::fields() const
     for (const Row& row : m_rows)
         fields.append(row.field);
     return fields;
-}
-
-void ChangesModel::findPlace(const QModelIndex& index)
-{
-    SoFieldContainer* container = field(index)->getContainer();
-    m_places.insert(container, ScenePlace(m_root, container));
-    refresh(NodeColumn, NodeColumn);
 }
 
 void ChangesModel::update()
@@ -122,14 +144,18 @@ void ChangesModel::update()
     for (const Row& row : m_rows)
         containers.insert(row.container.get());
     m_places.removeIf([&](const auto& place) { return !containers.contains(place.key()); });
+    m_unsought.intersect(containers);
+    search();
     refresh(NodeColumn, NowColumn);
 }
 
 void ChangesModel::insertRow(int row, SoField* field)
 {
     SoFieldContainer* container = field->getContainer();
-    if (!m_places.contains(container))
-        m_places.insert(container, ScenePlace(m_root, container));
+    if (!m_places.contains(container)) {
+        m_places.insert(container, ScenePlace(container));
+        m_unsought.insert(container);
+    }
     beginInsertRows(QModelIndex(), row, row);
     m_rows.insert(m_rows.begin() + row, {KlvContainerRef(container), field});
     endInsertRows();
@@ -138,13 +164,43 @@ void ChangesModel::insertRow(int row, SoField* field)
 void ChangesModel::checkPlaces()
 {
     m_structure.take();
-    for (auto place = m_places.begin(); place != m_places.end(); ++place) {
+    if (!m_watched)
+        return;
+    if (m_search) {
+        // It may have passed a place where a node is now.
+        m_checkTimer.start();
+        return;
+    }
+    for (auto place = m_places.cbegin(); place != m_places.cend(); ++place) {
         // Where nobody but the inspector holds a node there is no need to look for it again.
         const bool isLost = place->isGone() && !KlvContainerRef::isHeldElsewhere(place.key());
         if (!isLost && !place->isValid(m_root, place.key()))
-            *place = ScenePlace(m_root, place.key());
+            m_unsought.insert(place.key());
     }
+    search();
+}
+
+void ChangesModel::search()
+{
+    if (!m_watched || m_search || m_unsought.isEmpty())
+        return;
+    m_search.emplace(m_root, std::exchange(m_unsought, {}));
+    m_searchTimer.start();
+    searchSlice(); // which is enough in most scenes
+}
+
+void ChangesModel::searchSlice()
+{
+    if (!m_search->run(sliceTime))
+        return;
+    m_searchTimer.stop();
+    const auto found = m_search->places();
+    m_search.reset();
+    for (auto place = found.cbegin(); place != found.cend(); ++place)
+        if (const auto known = m_places.find(place.key()); known != m_places.end())
+            *known = *place;
     refresh(NodeColumn, NodeColumn);
+    search();
 }
 
 void ChangesModel::refresh(Column first, Column last)
@@ -184,7 +240,7 @@ QString ChangesModel::toolTip(const Row& row, int column) const
     if (column == NodeColumn)
         return place.isGone() ? tr("%1 is no longer in the scene.").arg(place.label()) : place.label();
     if (column == OriginalColumn && !m_changes->getOriginal(row.field))
-        return tr("The value was too large to be kept, or was changed before it could be.");
+        return tr("The value took too much memory to be kept, or was changed before it could be.");
     return QString();
 }
 

@@ -1,21 +1,22 @@
 #pragma once
 
-#include "Changes/ScenePlace.h"
+#include "Changes/ScenePlaceSearch.h"
 #include "Models/SceneSensor.h"
 
 #include <KlvExtender/KlvContainerRef.h>
 
 #include <QAbstractTableModel>
-#include <QHash>
 #include <QTimer>
 
+#include <optional>
 #include <vector>
 
 class KlvChanges;
 class SoField;
 
 /// The fields that have been changed since the scene was opened: where they are, what they were, what they
-/// are. The values are read from the live fields when a view asks for them.
+/// are. The values are read from the live fields when a view asks for them. The nodes are looked for some
+/// milliseconds at a time, so that the window stays fluid however large the scene is.
 class ChangesModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -38,11 +39,14 @@ public:
     /// Null when there is none, or when it was deleted.
     SoNode* root() const { return m_root; }
 
+    /// Only while it is watched, nodes are looked for and changes of values announced. At first it is not.
+    void setWatched(bool watched);
+
     /// The field of a row. The list keeps it alive.
     SoField* field(const QModelIndex& index) const { return m_rows[std::size_t(index.row())].field; }
     QList<SoField*> fields() const;
-    /// Looks for a row's node anew.
-    void findPlace(const QModelIndex& index);
+    /// Looks anew for the nodes that are not where they were.
+    void checkPlaces();
 
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
@@ -58,7 +62,8 @@ private:
 
     void update();
     void insertRow(int row, SoField* field);
-    void checkPlaces();
+    void search();
+    void searchSlice();
     void refresh(Column first, Column last);
     const ScenePlace& placeOf(const Row& row) const { return *m_places.constFind(row.container.get()); }
     QString text(const Row& row, int column) const;
@@ -66,9 +71,14 @@ private:
 
     const KlvChanges* m_changes;
     std::vector<Row> m_rows;
-    QHash<SoFieldContainer*, ScenePlace> m_places; ///< of the rows' containers
+    ScenePlaceSearch::Places m_places;  ///< of the rows' containers
+    QSet<SoFieldContainer*> m_unsought; ///< of these, those to be looked for
+    std::optional<ScenePlaceSearch> m_search;
+    bool m_watched = false;
     SoNode* m_root = nullptr;
     SceneSensor m_structure;
     SoNodeSensor m_values;
     QTimer m_checkTimer;
+    QTimer m_searchTimer;
+    QTimer m_refreshTimer;
 };

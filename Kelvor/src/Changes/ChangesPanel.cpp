@@ -2,10 +2,12 @@
 
 #include "Changes/ChangesModel.h"
 #include "Changes/SceneCode.h"
-#include "Changes/ScenePlace.h"
+#include "Changes/ScenePlaceSearch.h"
 
 #include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvServices.h>
+
+#include <Inventor/fields/SoField.h>
 
 #include <QAction>
 #include <QClipboard>
@@ -72,7 +74,7 @@ ChangesPanel::ChangesPanel(QWidget* parent)
     header->resizeSection(ChangesModel::FieldColumn, 95);
     header->resizeSection(ChangesModel::OriginalColumn, 80);
 
-    auto* empty = new QLabel(tr("Nothing has been changed since the scene was opened."));
+    auto* empty = new QLabel(tr("Nothing has been edited here since the scene was opened."));
     empty->setAlignment(Qt::AlignCenter);
     empty->setWordWrap(true);
     empty->setForegroundRole(QPalette::PlaceholderText);
@@ -140,6 +142,18 @@ void ChangesPanel::setRoot(SoNode* root)
     m_model->setRoot(root);
 }
 
+void ChangesPanel::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    m_model->setWatched(true);
+}
+
+void ChangesPanel::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    m_model->setWatched(false);
+}
+
 int ChangesPanel::count() const
 {
     return m_model->rowCount();
@@ -163,7 +177,7 @@ void ChangesPanel::updateActions()
 
 void ChangesPanel::select(const QModelIndex& index)
 {
-    m_model->findPlace(index);
+    m_model->checkPlaces();
     KlvServices::getInstance()->setSelectedField(m_model->field(index));
 }
 
@@ -216,11 +230,14 @@ void ChangesPanel::copyCpp()
 
 void ChangesPanel::copyPaths()
 {
-    QModelIndexList rows = m_view->selectionModel()->selectedRows(ChangesModel::NodeColumn);
-    std::sort(rows.begin(), rows.end());
+    const QList<SoField*> fields = selectedFields();
+    QSet<SoFieldContainer*> containers;
+    for (const SoField* field : fields)
+        containers.insert(field->getContainer());
+    const auto places = ScenePlaceSearch::findAll(m_model->root(), containers);
     QStringList paths;
-    for (const QModelIndex& row : rows)
-        paths += row.data().toString();
+    for (const SoField* field : fields)
+        paths += places.find(field->getContainer())->label();
     paths.removeDuplicates();
     QGuiApplication::clipboard()->setText(paths.join(QLatin1Char('\n')));
 }

@@ -30,6 +30,10 @@ Q_SIGNALS:
     /// One sentence on what could not be done.
     void problem(const QString& sentence);
 
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
 private:
     void addActions();
     /// An action of the list that has a button as well, or is in the context menu only.

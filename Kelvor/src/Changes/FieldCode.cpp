@@ -10,16 +10,22 @@
 #include <Inventor/SbName.h>
 #include <Inventor/engines/SoEngine.h>
 #include <Inventor/errors/SoReadError.h>
+#include <Inventor/fields/SoMFEngine.h>
 #include <Inventor/fields/SoMFEnum.h>
+#include <Inventor/fields/SoMFNode.h>
+#include <Inventor/fields/SoMFPath.h>
 #include <Inventor/fields/SoSFEngine.h>
 #include <Inventor/fields/SoSFEnum.h>
 #include <Inventor/fields/SoSFNode.h>
+#include <Inventor/fields/SoSFPath.h>
 #include <Inventor/lists/SoBaseList.h>
 #include <Inventor/nodes/SoNode.h>
 
 #include <QStringList>
 
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -45,28 +51,48 @@ private:
     void* m_data = SoReadError::getHandlerData();
 };
 
-/// True when a field like this one, in a container like its own, gets the same value from a text.
+/// Gives an enumeration the names of another one; does nothing for fields of other types.
+template <class EnumField>
+void copyNames(SoField& target, const SoField& source)
+{
+    if (!source.isOfType(EnumField::getClassTypeId()))
+        return;
+    const auto& enumeration = static_cast<const EnumField&>(source);
+    std::vector<SbName> names(std::size_t(enumeration.getNumEnums()));
+    std::vector<int> values;
+    for (SbName& name : names)
+        values.push_back(enumeration.getEnum(int(values.size()), name));
+    if (!names.empty())
+        static_cast<EnumField&>(target).setEnums(int(names.size()), values.data(), names.data());
+}
+
+/// True when a field like this one gets the same value from a text.
 bool holds(const QByteArray& text, const SoField& field)
 {
-    SoFieldContainer* container = field.getContainer();
-    SbName name;
-    if (!container || !container->getFieldName(&field, name) || !container->getTypeId().canCreateInstance())
+    if (!field.getTypeId().canCreateInstance())
         return false;
-    auto* fresh = static_cast<SoFieldContainer*>(container->getTypeId().createInstance());
-    fresh->ref();
-    // Some load a file as soon as they hear its name.
-    fresh->enableNotify(FALSE);
+    const std::unique_ptr<SoField> trial(static_cast<SoField*>(field.getTypeId().createInstance()));
+    copyNames<SoSFEnum>(*trial, field);
+    copyNames<SoMFEnum>(*trial, field);
     const SilentReadErrors silent;
-    SoField* trial = fresh->getField(name);
-    const bool same = trial && trial->getTypeId() == field.getTypeId() && trial->set(text.constData()) &&
-                      trial->isSame(field);
-    fresh->unref();
-    return same;
+    return trial->set(text.constData()) && trial->isSame(field);
+}
+
+/// True for fields that refer to objects: their text makes other ones.
+bool isReference(const SoField& field)
+{
+    const SoType types[] = {SoSFNode::getClassTypeId(),   SoMFNode::getClassTypeId(),
+                            SoSFEngine::getClassTypeId(), SoMFEngine::getClassTypeId(),
+                            SoSFPath::getClassTypeId(),   SoMFPath::getClassTypeId()};
+    return std::any_of(std::begin(types), std::end(types),
+                       [&field](SoType type) { return field.isOfType(type); });
 }
 
 /// The text that Coin prints for a field, where it tells the value.
 std::optional<QByteArray> ownText(SoField& field)
 {
+    if (isReference(field))
+        return std::nullopt;
     SbString text;
     field.get(text);
     const QByteArray bytes(text.getString());
@@ -135,8 +161,7 @@ QString typedStatements(const SoField& field, const Kind& kind, const QString& m
     return QStringLiteral("{\n    const %1 values[] = {\n%2    };\n    %3setValues(0, %4, values);\n"
                           "    %3setNum(%4);\n}\n")
         .arg(QLatin1String(kind.element), listOf(field, kind, CodeLanguage::Cpp, QStringLiteral("        ")),
-             member)
-        .arg(count);
+             member, QString::number(count));
 }
 
 /// What a field that refers to one object refers to, as an expression; empty where there is none.

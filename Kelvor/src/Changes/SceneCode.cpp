@@ -2,7 +2,7 @@
 
 #include "Changes/CodeValue.h"
 #include "Changes/FieldCode.h"
-#include "Changes/ScenePlace.h"
+#include "Changes/ScenePlaceSearch.h"
 #include "Models/ObjectLabel.h"
 
 #include <Inventor/SbName.h>
@@ -10,13 +10,18 @@
 #include <Inventor/engines/SoEngine.h>
 #include <Inventor/fields/SoField.h>
 #include <Inventor/fields/SoFieldContainer.h>
+#include <Inventor/lists/SoFieldList.h>
 #include <Inventor/nodes/SoNode.h>
 
 #include <QSet>
 #include <QStringList>
 
-#include <algorithm>
-#include <dlfcn.h>
+#include <cstdlib>
+#include <cstring>
+#include <cxxabi.h>
+#include <map>
+#include <memory>
+#include <typeinfo>
 #include <vector>
 
 namespace {
@@ -46,9 +51,20 @@ std::vector<Block> blocksOf(const QList<SoField*>& fields)
     return blocks;
 }
 
-QString typeOf(const SoFieldContainer& container)
+/// The places of the blocks' containers.
+ScenePlaceSearch::Places placesOf(const std::vector<Block>& blocks, SoNode* root)
 {
-    return QString::fromUtf8(container.getTypeId().getName().getString());
+    QSet<SoFieldContainer*> containers;
+    for (const Block& block : blocks)
+        containers.insert(block.container);
+    return ScenePlaceSearch::findAll(root, containers);
+}
+
+/// The name of the type of a field or a container.
+template <class Object>
+QString typeOf(const Object& object)
+{
+    return QString::fromUtf8(object.getTypeId().getName().getString());
 }
 
 QString nameOf(const SoField& field)
@@ -84,33 +100,62 @@ QString inventorLine(SoField& field)
     return QStringLiteral("    %1 %2%3\n").arg(name, *value, QLatin1String(field.isIgnored() ? " ~" : ""));
 }
 
-/// Coin's classes have the prefix "So" that their types have not; those of others are called like their
-/// types.
-QString className(const QString& type)
+/// The name of the class of a field or a container as the compiler knows it; that of the type where the
+/// object's code has no type information.
+template <class Object>
+QString className(const Object& object)
 {
-    const QByteArray prefixed = "So" + type.toLatin1();
-    const QByteArray typeFunction =
-        "_ZN" + QByteArray::number(prefixed.size()) + prefixed + "14getClassTypeIdEv";
-    return dlsym(RTLD_DEFAULT, typeFunction.constData()) ? QString::fromLatin1(prefixed) : type;
+    const auto* table = *reinterpret_cast<const void* const* const*>(&object);
+    if (table[-1]) {
+        const std::unique_ptr<char, decltype(&std::free)> name(
+            abi::__cxa_demangle(typeid(object).name(), nullptr, nullptr, nullptr), std::free);
+        // Coin does not publish the class of nodes that it does not know.
+        if (name && std::strcmp(name.get(), "SoUnknownNode") == 0)
+            return QStringLiteral("SoNode");
+        if (name && !std::strchr(name.get(), '('))
+            return QString::fromUtf8(name.get());
+    }
+    return typeOf(object);
 }
 
-/// True when the field is a member of its class by its own name: not one of those that an object has for
-/// itself, and not a part of a node kit.
+std::ptrdiff_t offsetIn(const SoFieldContainer& object, const SoField* member)
+{
+    return reinterpret_cast<const char*>(member) - reinterpret_cast<const char*>(&object);
+}
+
+/// How far the fields of fresh objects of a type are from the beginning of these.
+const QHash<QString, std::ptrdiff_t>& fieldOffsets(SoType type)
+{
+    static std::map<SoType, QHash<QString, std::ptrdiff_t>> known;
+    const auto [row, isNew] = known.try_emplace(type);
+    if (isNew && type.canCreateInstance()) {
+        auto* fresh = static_cast<SoFieldContainer*>(type.createInstance());
+        fresh->ref();
+        SoFieldList fields;
+        fresh->getAllFields(fields);
+        for (int i = 0; i < fields.getLength(); ++i) {
+            SbName name;
+            fresh->getFieldName(fields[i], name);
+            row->second.insert(QString::fromUtf8(name.getString()), offsetIn(*fresh, fields[i]));
+        }
+        fresh->unref();
+    }
+    return row->second;
+}
+
+/// True when the field is certainly a member of its class by its own name: not one of those that an object
+/// has for itself, and not a part of a node kit. What an application's class does when an object of it is
+/// made is not known, so only Coin's are tried; their types lack the prefix of the classes.
 bool isMember(const SoField& field)
 {
-    const SoFieldContainer* container = field.getContainer();
-    if (!container->getTypeId().canCreateInstance() || field.getTypeId().getName() == SbName("SFNode"))
+    const SoFieldContainer& container = *field.getContainer();
+    if (className(container) != QLatin1String("So") + typeOf(container) ||
+        field.getTypeId().getName() == SbName("SFNode"))
         return false;
-    auto* fresh = static_cast<SoFieldContainer*>(container->getTypeId().createInstance());
-    fresh->ref();
-    SoField* counterpart = fresh->getField(nameOf(field).toUtf8().constData());
+    const auto& offsets = fieldOffsets(container.getTypeId());
+    const auto offset = offsets.constFind(nameOf(field));
     // As far from the beginning of the object: it lies within.
-    const auto offset = [](const SoFieldContainer* object, const SoField* member) {
-        return reinterpret_cast<const char*>(member) - reinterpret_cast<const char*>(object);
-    };
-    const bool isMember = counterpart && offset(fresh, counterpart) == offset(container, &field);
-    fresh->unref();
-    return isMember;
+    return offset != offsets.constEnd() && *offset == offsetIn(container, &field);
 }
 
 /// The expression for a field of the object in a variable, and the operator after it.
@@ -119,15 +164,13 @@ QString memberOf(const SoField& field, const QString& variable)
     const QString name = nameOf(field);
     if (isMember(field))
         return QStringLiteral("%1->%2.").arg(variable, name);
-    const QString type = className(QString::fromUtf8(field.getTypeId().getName().getString()));
-    return QStringLiteral("static_cast<%1*>(%2->getField(\"%3\"))->").arg(type, variable, name);
+    return QStringLiteral("static_cast<%1*>(%2->getField(\"%3\"))->").arg(className(field), variable, name);
 }
 
 QString globalMember(const SoField& field)
 {
-    const QString type = className(QString::fromUtf8(field.getTypeId().getName().getString()));
     return QStringLiteral("static_cast<%1*>(SoDB::getGlobalField(%2))->")
-        .arg(type, CodeValue::quoted(field.getContainer()->getName().getString()));
+        .arg(className(field), CodeValue::quoted(field.getContainer()->getName().getString()));
 }
 
 bool isGlobal(const SoField& field)
@@ -186,10 +229,10 @@ QString uniqueName(const QString& name, QSet<QString>& taken)
 }
 
 /// The statement that fetches an object into a variable, with a comment that tells which it is.
-QString declaration(SoFieldContainer& container, const QString& variable, SoNode* root)
+QString declaration(SoFieldContainer& container, const QString& variable, const ScenePlace& place,
+                    SoNode* root)
 {
-    const ScenePlace place(root, &container);
-    const QString type = className(typeOf(container));
+    const QString type = className(container);
     const QString named = FieldCode::byName(&container);
     const QString object = named.isEmpty() ? place.expression(root) : named;
     if (object.isEmpty())
@@ -204,10 +247,12 @@ QString declaration(SoFieldContainer& container, const QString& variable, SoNode
 
 QString SceneCode::inventorText(const QList<SoField*>& fields, SoNode* root)
 {
+    const std::vector<Block> blocks = blocksOf(fields);
+    const auto places = placesOf(blocks, root);
     QStringList texts;
-    for (const auto& [container, own] : blocksOf(fields)) {
+    for (const auto& [container, own] : blocks) {
         const QString name = definableName(container->getName());
-        QString text = QStringLiteral("# %1\n").arg(ScenePlace(root, container).label());
+        QString text = QStringLiteral("# %1\n").arg(places.find(container)->label());
         QString block = (name.isEmpty() ? QString() : QStringLiteral("DEF %1 ").arg(name)) +
                         typeOf(*container) + QLatin1String(" {\n");
         for (SoField* field : own)
@@ -223,9 +268,11 @@ QString SceneCode::inventorText(const QList<SoField*>& fields, SoNode* root)
 
 QString SceneCode::cppStatements(const QList<SoField*>& fields, SoNode* root)
 {
+    const std::vector<Block> blocks = blocksOf(fields);
+    const auto places = placesOf(blocks, root);
     QStringList texts;
     QSet<QString> taken{QStringLiteral("root"), QStringLiteral("values")};
-    for (const auto& [container, own] : blocksOf(fields)) {
+    for (const auto& [container, own] : blocks) {
         QString text;
         QString variable;
         for (SoField* field : own) {
@@ -235,7 +282,7 @@ QString SceneCode::cppStatements(const QList<SoField*>& fields, SoNode* root)
             }
             if (variable.isEmpty()) {
                 variable = uniqueName(variableName(*container), taken);
-                text += declaration(*container, variable, root);
+                text += declaration(*container, variable, *places.find(container), root);
             }
             text += FieldCode::cppStatements(*field, memberOf(*field, variable));
         }

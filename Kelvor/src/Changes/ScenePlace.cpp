@@ -2,7 +2,6 @@
 
 #include "Models/ObjectLabel.h"
 #include "Models/SceneChildren.h"
-#include "Models/SceneSearch.h"
 
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoMFNode.h>
@@ -12,8 +11,6 @@
 #include <Inventor/nodes/SoNode.h>
 
 namespace {
-
-constexpr qsizetype searchLimit = 1'000'000;
 
 /// An expression for a node that another one, itself an expression, holds in one of its fields.
 QString heldExpression(const QString& holder, const SoNode* node, const SoNode* held)
@@ -32,26 +29,24 @@ QString heldExpression(const QString& holder, const SoNode* node, const SoNode* 
             continue;
         const int index = static_cast<SoMFNode*>(fields[i])->find(const_cast<SoNode*>(held));
         if (index >= 0)
-            return QStringLiteral("(*static_cast<SoMFNode*>(%1))[%2]").arg(field).arg(index);
+            return QStringLiteral("(*static_cast<SoMFNode*>(%1))[%2]").arg(field, QString::number(index));
     }
     return QString();
 }
 
 } // namespace
 
-ScenePlace::ScenePlace(SoNode* root, SoFieldContainer* container)
+ScenePlace::ScenePlace(const SoFieldContainer* container)
     : m_label(objectLabel(container))
 {
-    if (!container->isOfType(SoNode::getClassTypeId()))
-        return;
-    SceneSearch search(SceneSearch::Visits::EachNode, searchLimit);
-    m_indices = search.find(root, [container](const SoNode* node) { return node == container; });
-    m_gone = !m_indices && !search.isExhausted();
-    if (!m_indices)
-        return;
+}
+
+void ScenePlace::setFound(SoNode* root, const QList<int>& indices)
+{
+    m_indices = indices;
     const SoNode* node = root;
     QStringList labels{objectLabel(root)};
-    for (const int index : *m_indices) {
+    for (const int index : indices) {
         node = SceneChildren::at(node, index);
         labels += objectLabel(node);
     }
@@ -78,7 +73,7 @@ QString ScenePlace::expression(SoNode* root) const
         SoNode* child = SceneChildren::at(node, index);
         const SoChildList* children = node->getChildren();
         expression = children && index < children->getLength()
-                         ? QStringLiteral("(*%1->getChildren())[%2]").arg(expression).arg(index)
+                         ? QStringLiteral("(*%1->getChildren())[%2]").arg(expression, QString::number(index))
                          : heldExpression(expression, node, child);
         node = child;
     }
