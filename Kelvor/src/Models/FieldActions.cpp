@@ -10,6 +10,8 @@
 
 #include <KlvExtender/KlvServices.h>
 
+#include <Inventor/fields/SoField.h>
+
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -178,6 +180,8 @@ void FieldActions::paste(SoField& field)
     const auto waiting = waitCursor();
     if (text.isEmpty())
         Q_EMIT problem(tr("The clipboard holds no text."));
+    else if (field.isConnected() && field.isConnectionEnabled())
+        Q_EMIT problem(tr("%1 is connected and would not keep the value.").arg(fieldLabel(field)));
     else if (!FieldTextCommand::paste(field, text))
         Q_EMIT problem(tr("%1 does not take “%2”.").arg(fieldLabel(field), shortened(text)));
 }

@@ -235,6 +235,20 @@ QString FieldListModel::text(const QModelIndex& index) const
     }
 }
 
+/// Columns may be narrow, or hidden.
+QString FieldListModel::toolTip(const QModelIndex& index) const
+{
+    if (index.column() == ValueColumn)
+        return text(index);
+    QStringList lines;
+    for (const int column : {NameColumn, TypeColumn, StateColumn})
+        lines += text(index.siblingAtColumn(column));
+    if (m_placeText)
+        lines += m_placeText(field(index)->getContainer());
+    lines.removeAll(QString());
+    return lines.join(QLatin1Char('\n'));
+}
+
 QVariant FieldListModel::data(const QModelIndex& index, int role) const
 {
     SoField* shown = field(index);
@@ -245,13 +259,8 @@ QVariant FieldListModel::data(const QModelIndex& index, int role) const
         return QVariant::fromValue(shown);
     case Qt::DisplayRole:
         return text(index);
-    case Qt::ToolTipRole: // columns may be narrow, or hidden
-        return index.column() == ValueColumn
-                   ? text(index)
-                   : QStringList{text(index.siblingAtColumn(NameColumn)),
-                                 text(index.siblingAtColumn(TypeColumn)), stateText(*shown)}
-                         .join(QLatin1Char('\n'))
-                         .trimmed();
+    case Qt::ToolTipRole:
+        return toolTip(index);
     case Qt::DecorationRole:
         return index.column() == ValueColumn ? swatchOf(*shown) : QVariant();
     case Qt::FontRole:

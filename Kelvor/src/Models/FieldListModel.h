@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -52,6 +53,11 @@ public:
     /// are refreshed when it begins again.
     void setLive(bool live);
 
+    /// What tells where a container is, for the tool tips of names; nothing does at first. An empty text is
+    /// left out.
+    using PlaceText = std::function<QString(SoFieldContainer*)>;
+    void setPlaceText(PlaceText place) { m_placeText = std::move(place); }
+
     /// Says that states may have changed. Coin tells of no change of a default flag and of no disconnection.
     void refreshStates();
 
@@ -65,11 +71,13 @@ private:
     struct Row;
 
     QString text(const QModelIndex& index) const;
+    QString toolTip(const QModelIndex& index) const;
     void refreshChanged();
     void removeDestroyed();
 
     std::vector<std::unique_ptr<Row>> m_rows;
     QTimer m_refresh; // runs while there are changed rows that views have not been told of
+    PlaceText m_placeText;
     bool m_nameOwners = false;
     bool m_live = true;
     bool m_removalScheduled = false;

@@ -88,9 +88,9 @@ void FieldListPanel::addKeys(FieldListView* view, const QList<QKeySequence>& pin
     connect(view, &QAbstractItemView::activated, this, &FieldListPanel::fieldActivated);
 }
 
-void FieldListPanel::clearPins()
+void FieldListPanel::setRoot(SoNode* root)
 {
-    m_pins->clear();
+    m_pins->setRoot(root);
     m_trail->clear();
 }
 

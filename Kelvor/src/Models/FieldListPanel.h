@@ -11,6 +11,7 @@ class PinnedFields;
 class QLabel;
 class SoField;
 class SoFieldContainer;
+class SoNode;
 
 /// The fields of the container selected in `KlvServices`, with a filter, and above them those that were
 /// pinned. The current row is the selected field and the other way round. The selected field is listed
@@ -22,8 +23,9 @@ class FieldListPanel : public QWidget
 public:
     explicit FieldListPanel(QWidget* parent = nullptr);
 
-    /// Unpins all fields and forgets which were visited: another scene is shown.
-    void clearPins();
+    /// Another scene is shown, or none: unpins all fields and forgets which were visited. The root is
+    /// referenced, pinned fields tell their places below it.
+    void setRoot(SoNode* root);
 
 Q_SIGNALS:
     /// A field was double-clicked, or Return pressed on it: its editor is wanted.

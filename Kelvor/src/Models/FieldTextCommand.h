@@ -14,8 +14,9 @@ class FieldTextCommand : public KlvCommand
 public:
     /// The whole value of a field in Coin's text form. Its cost grows with the value.
     static QString textOf(SoField& field);
-    /// Sets a field from text, in Coin's text form or, for a string, as it is, as one step of the history. A
-    /// text that the field does not take gives false and changes nothing. The field is in a container.
+    /// Sets a field from text as one step of the history: from Coin's text form, or, for strings, from plain
+    /// text without quotation marks, each line of which is one string of a list. A text that the field does
+    /// not take gives false and changes nothing. The field is in a container.
     static bool paste(SoField& field, const QString& text);
 
     /// Nothing: the field is set already.

@@ -24,6 +24,9 @@ QString objectKey(const SoBase* object)
 
 QString fieldLabel(const SoField& field)
 {
+    // Coin does not tell the container of every field.
+    if (!field.getContainer())
+        return QString::fromUtf8(field.getTypeId().getName().getString());
     SbName name;
     field.getContainer()->getFieldName(&field, name);
     return objectKey(field.getContainer()) + QLatin1Char('.') + QString::fromUtf8(name.getString());

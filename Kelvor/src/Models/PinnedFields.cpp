@@ -2,8 +2,13 @@
 
 #include "Models/FieldListModel.h"
 #include "Models/FieldListView.h"
+#include "Models/ObjectLabel.h"
+#include "Models/SceneChildren.h"
+#include "Models/SceneSearch.h"
 
 #include <KlvExtender/KlvServices.h>
+
+#include <Inventor/nodes/SoNode.h>
 
 #include <QEvent>
 #include <QHeaderView>
@@ -15,6 +20,7 @@
 namespace {
 
 constexpr int mostRows = 8;
+constexpr qsizetype searchLimit = 200'000; // a tenth of a second
 
 } // namespace
 
@@ -37,6 +43,7 @@ PinnedFields::PinnedFields(QWidget* parent)
     m_view->hideColumn(FieldListModel::TypeColumn);
     m_view->hideColumn(FieldListModel::StateColumn);
     m_view->header()->setSectionResizeMode(QHeaderView::Stretch);
+    m_model->setPlaceText([this](SoFieldContainer* container) { return placeText(container); });
     connect(KlvServices::getInstance(), &KlvServices::selectedFieldChanged, m_view, &FieldListView::follow);
 
     auto* layout = new QVBoxLayout(this);
@@ -66,9 +73,28 @@ void PinnedFields::toggle(SoField* field)
     m_view->follow(KlvServices::getInstance()->getSelectedField());
 }
 
-void PinnedFields::clear()
+void PinnedFields::setRoot(SoNode* root)
 {
     m_model->setContainer(nullptr);
+    m_root = KlvContainerRef(root);
+}
+
+/// Fields of nodes without a name look alike: `Separator › 3: Group › 1: Material`, with each node's number
+/// among the children.
+QString PinnedFields::placeText(SoFieldContainer* container) const
+{
+    auto* root = static_cast<SoNode*>(m_root.get());
+    SceneSearch search(SceneSearch::Visits::EachNode, searchLimit);
+    const auto path = search.find(root, [container](const SoNode* node) { return node == container; });
+    if (!path)
+        return QString();
+    const SoNode* node = root;
+    QStringList labels{objectLabel(root)};
+    for (const int child : *path) {
+        node = SceneChildren::at(node, child);
+        labels += QStringLiteral("%1: %2").arg(child + 1).arg(objectLabel(node));
+    }
+    return labels.join(QStringLiteral(" › "));
 }
 
 void PinnedFields::changeEvent(QEvent* event)

@@ -22,6 +22,11 @@ public:
     /// followed.
     std::optional<QList<int>> find(SoNode* root, const std::function<bool(SoNode*)>& wanted);
 
+    /// The child indices that lead from `root` to an occurrence of a node: one that is near another
+    /// occurrence, if there is one among the children of the nodes on its `way` from the root, else the first
+    /// one. The way may lead nowhere. No value as for `find()`.
+    std::optional<QList<int>> findNear(SoNode* root, const SoNode* wanted, const QList<int>& way);
+
     /// True when the last search ended at its limit.
     bool isExhausted() const { return m_exhausted; }
 

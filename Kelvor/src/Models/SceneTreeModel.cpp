@@ -4,7 +4,6 @@
 #include "Models/ObjectLabel.h"
 #include "Models/RowDiff.h"
 #include "Models/SceneChildren.h"
-#include "Models/SceneSearch.h"
 #include "Models/SwitchedChildren.h"
 
 #include <Inventor/SbName.h>
@@ -122,13 +121,6 @@ QModelIndex SceneTreeModel::indexOf(const QList<int>& childPath)
         found = index(child, 0, found);
     }
     return found;
-}
-
-QModelIndex SceneTreeModel::firstIndexOf(const SoNode* node, qsizetype limit)
-{
-    SceneSearch search(SceneSearch::Visits::EachNode, limit);
-    const auto childPath = search.find(m_root, [node](const SoNode* other) { return other == node; });
-    return childPath ? indexOf(*childPath) : QModelIndex();
 }
 
 QModelIndex SceneTreeModel::index(int row, int column, const QModelIndex& parent) const

@@ -54,8 +54,6 @@ public:
     /// The row of an occurrence, given by the child indices that lead to it from the root; fetches what is
     /// needed to reach it. Not valid when there is no such occurrence.
     QModelIndex indexOf(const QList<int>& childPath);
-    /// The row of the node's first occurrence in depth-first order, looked for among `limit` nodes.
-    QModelIndex firstIndexOf(const SoNode* node, qsizetype limit = 100000);
 
     /// True when a row has children that are not fetched, beyond those that are.
     bool hasMoreSlices(const QModelIndex& parent) const;

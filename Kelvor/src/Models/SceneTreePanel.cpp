@@ -1,9 +1,11 @@
 #include "Models/SceneTreePanel.h"
 
+#include "Models/SceneSearch.h"
 #include "Models/SceneTreeModel.h"
 #include "Models/SceneTreeView.h"
 #include "Search/SearchBar.h"
 
+#include <KlvExtender/KlvContainerRef.h>
 #include <KlvExtender/KlvServices.h>
 
 #include <Inventor/nodes/SoNode.h>
@@ -15,6 +17,12 @@
 #include <QHeaderView>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
+
+namespace {
+
+constexpr qsizetype searchLimit = 2'000'000; // about a second
+
+} // namespace
 
 SceneTreePanel::SceneTreePanel(QWidget* parent)
     : QWidget(parent)
@@ -33,7 +41,8 @@ SceneTreePanel::SceneTreePanel(QWidget* parent)
     m_view->header()->setSectionResizeMode(SceneTreeModel::TypeColumn, QHeaderView::Stretch);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &SceneTreePanel::currentRowChanged);
-    connect(KlvServices::getInstance(), &KlvServices::selectedNodeChanged, this, &SceneTreePanel::follow);
+    connect(KlvServices::getInstance(), &KlvServices::selectedNodeChanged, this,
+            [this](SoFieldContainer* container) { follow(container, m_occurrence); });
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -82,6 +91,11 @@ void SceneTreePanel::addActions()
     m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
 }
 
+void SceneTreePanel::addTreeActions(const QList<QAction*>& actions)
+{
+    m_view->QWidget::addActions(actions);
+}
+
 void SceneTreePanel::find()
 {
     for (QWidget* widget = this; widget; widget = widget->parentWidget()) {
@@ -97,15 +111,15 @@ void SceneTreePanel::setRoot(SoNode* root)
 {
     if (root == m_model->root())
         return;
-    m_rowLost = m_view->currentIndex().isValid();
+    m_lost = m_occurrence;
     m_model->setRoot(root);
     announceOccurrence();
     m_search->setRoot(root);
     m_view->expand(m_model->index(0, 0));
-    if (m_rowLost)
+    if (m_lost)
         findLostRow();
     else
-        follow(KlvServices::getInstance()->getSelectedNode());
+        follow(KlvServices::getInstance()->getSelectedNode(), std::nullopt);
 }
 
 void SceneTreePanel::select(const QList<int>& childPath)
@@ -126,7 +140,7 @@ void SceneTreePanel::currentRowChanged(const QModelIndex& current)
 
 void SceneTreePanel::announceOccurrence()
 {
-    std::optional<QList<int>> path;
+    Occurrence path;
     const QModelIndex current = m_view->currentIndex();
     if (current.isValid())
         path.emplace();
@@ -145,27 +159,31 @@ void SceneTreePanel::rowsAboutToBeRemoved(const QModelIndex& parent, int first, 
         ancestor = ancestor.parent();
     if (!ancestor.isValid() || ancestor.row() < first || ancestor.row() > last)
         return;
+    m_lost = m_occurrence;
     makeCurrent(QModelIndex());
-    m_rowLost = true;
 }
 
 void SceneTreePanel::findLostRow()
 {
-    if (!std::exchange(m_rowLost, false))
-        return;
+    const Occurrence lost = std::exchange(m_lost, std::nullopt);
     SoFieldContainer* selected = KlvServices::getInstance()->getSelectedNode();
-    follow(selected);
-    if (selected && !m_view->currentIndex().isValid())
+    if (lost && selected && !follow(selected, lost))
         KlvServices::getInstance()->setSelectedNode(nullptr);
 }
 
-void SceneTreePanel::follow(SoFieldContainer* container)
+bool SceneTreePanel::follow(SoFieldContainer* container, const Occurrence& near)
 {
     const QModelIndex current = m_view->currentIndex();
     if (container && current.isValid() && m_model->node(current) == container)
-        return;
-    const bool isNode = container && container->isOfType(SoNode::getClassTypeId());
-    makeCurrent(isNode ? m_model->firstIndexOf(static_cast<SoNode*>(container)) : QModelIndex());
+        return true;
+    SceneSearch search(SceneSearch::Visits::EachNode, searchLimit);
+    Occurrence path;
+    // What nobody else holds is not below the root.
+    if (container && container->isOfType(SoNode::getClassTypeId()) &&
+        (container == m_model->root() || KlvContainerRef::isHeldElsewhere(container)))
+        path = search.findNear(m_model->root(), static_cast<SoNode*>(container), near.value_or(QList<int>()));
+    makeCurrent(path ? m_model->indexOf(*path) : QModelIndex());
+    return path || search.isExhausted();
 }
 
 void SceneTreePanel::makeCurrent(const QModelIndex& index)

@@ -15,8 +15,8 @@ class SoNode;
 /// The scene tree with its search line and its selection: the current row is the selected node of
 /// `KlvServices`, and a node that is selected elsewhere becomes the current row at one of its occurrences.
 ///
-/// When the current row goes, its node stays selected if it still occurs in the tree; otherwise nothing is
-/// selected.
+/// When the current row goes, its node stays selected if it still occurs in the tree, or the tree is too
+/// large to tell; otherwise nothing is selected.
 class SceneTreePanel : public QWidget
 {
     Q_OBJECT
@@ -31,6 +31,9 @@ public:
     /// that leads nowhere changes nothing.
     void select(const QList<int>& childPath);
 
+    /// Adds actions to the tree's menu; those whose shortcuts are for one widget work while it has the focus.
+    void addTreeActions(const QList<QAction*>& actions);
+
     /// Brings the panel to the front and gives the focus to the search line; for menus. Owned by the panel,
     /// its shortcut works in the panel.
     QAction* findAction() const { return m_findAction; }
@@ -41,13 +44,18 @@ Q_SIGNALS:
     void occurrenceChanged(const std::optional<QList<int>>& childPath);
 
 private:
+    /// The child indices that lead from the root to an occurrence, if there is one.
+    using Occurrence = std::optional<QList<int>>;
+
     void connectSearch();
     void addActions();
     void find();
     void currentRowChanged(const QModelIndex& current);
     void rowsAboutToBeRemoved(const QModelIndex& parent, int first, int last);
     void findLostRow();
-    void follow(SoFieldContainer* container);
+    /// Makes an occurrence of the container the current row, one near `near` if there is one. False when the
+    /// container is certainly not in the tree.
+    bool follow(SoFieldContainer* container, const Occurrence& near);
     void makeCurrent(const QModelIndex& index);
     void announceOccurrence();
     void copy(int column) const;
@@ -56,7 +64,7 @@ private:
     SearchBar* m_search;
     QAction* m_findAction;
     SceneTreeView* m_view;
-    std::optional<QList<int>> m_occurrence; // as it was announced
-    bool m_following = false;               // the current row changes because of the selection, or goes
-    bool m_rowLost = false;                 // the current row was removed; its node may be elsewhere
+    Occurrence m_occurrence;  // as it was announced
+    Occurrence m_lost;        // of the current row that was removed; its node may be elsewhere
+    bool m_following = false; // the current row changes because of the selection, or goes
 };

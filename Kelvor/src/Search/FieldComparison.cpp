@@ -9,7 +9,9 @@
 #include <Inventor/fields/SoSFImage3.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <span>
 
 namespace {
 
@@ -30,100 +32,86 @@ std::optional<double> numberIn(const QString& text)
     return isNumber ? std::optional<double>(static_cast<double>(whole)) : std::nullopt;
 }
 
-/// True for each value of a field, in lists for one of the first, for which `test(value)` is.
-template <class Field, typename Test>
-bool anyValue(SoField& field, const Test& test)
+/// A range of the numbers in a value, as fields show them.
+template <typename Value>
+auto numbersIn(const Value& value)
 {
-    auto& typed = static_cast<Field&>(field);
-    if constexpr (std::is_base_of_v<SoMField, Field>) {
-        const auto* values = typed.getValues(0);
-        return std::any_of(values, values + std::min(typed.getNum(), mostNumbers), test);
+    if constexpr (std::is_arithmetic_v<Value>) {
+        return std::array{value};
+    } else if constexpr (requires { value.getMin(); }) {
+        const auto low = numbersIn(value.getMin());
+        using Number = typename decltype(low)::value_type;
+        std::array<Number, 2 * sizeof(value.getMin()) / sizeof(Number)> corners;
+        std::ranges::copy(numbersIn(value.getMax()), std::ranges::copy(low, corners.begin()).out);
+        return corners;
     } else {
-        return test(typed.getValue());
+        return std::span(value.getValue(), sizeof value / sizeof *value.getValue());
     }
 }
 
-template <class Field>
-bool holdsForNumber(SoField& field, const FieldComparison& comparison)
+std::array<double, 1> numbersIn(const SbTime& time)
 {
-    return anyValue<Field>(field, [&](auto value) { return comparison.holdsNumber(value); });
+    return {time.getValue()};
 }
 
-template <class Field>
-bool holdsForTruth(SoField& field, const FieldComparison& comparison)
+std::array<float, 4> numbersIn(const SbRotation& rotation)
 {
-    return anyValue<Field>(field, [&](SbBool value) { return comparison.holdsNumber(value ? 1 : 0); });
+    SbVec3f axis;
+    float angle = 0;
+    rotation.getValue(axis, angle);
+    return {axis[0], axis[1], axis[2], angle};
 }
 
-template <class Field>
-bool holdsForTime(SoField& field, const FieldComparison& comparison)
+std::array<float, 4> numbersIn(const SbPlane& plane)
 {
-    return anyValue<Field>(field,
-                           [&](const SbTime& time) { return comparison.holdsNumber(time.getValue()); });
+    const SbVec3f& normal = plane.getNormal();
+    return {normal[0], normal[1], normal[2], plane.getDistanceFromOrigin()};
 }
 
-template <class Field>
-bool holdsForComponent(SoField& field, const FieldComparison& comparison)
+std::span<const float> numbersIn(const SbMatrix& matrix)
 {
-    return anyValue<Field>(field, [&](const auto& vector) {
-        const auto* components = vector.getValue();
-        return std::any_of(components, components + sizeof vector / sizeof *components,
-                           [&](auto component) { return comparison.holdsNumber(component); });
-    });
+    return {*matrix.getValue(), 16};
+}
+
+/// Whether a comparison with a number holds for the value of a field, in lists for one of the first.
+template <class Field>
+bool holdsFor(SoField& field, const FieldComparison& comparison)
+{
+    const auto holds = [&comparison](const auto& value) {
+        if constexpr (std::is_base_of_v<SoSFBool, Field> || std::is_base_of_v<SoMFBool, Field>)
+            return comparison.holdsNumbers(numbersIn(value ? 1 : 0));
+        else
+            return comparison.holdsNumbers(numbersIn(value));
+    };
+    auto& typed = static_cast<Field&>(field);
+    if constexpr (std::is_base_of_v<SoMField, Field>) {
+        const auto* values = typed.getValues(0);
+        return std::any_of(values, values + std::min(typed.getNum(), mostNumbers), holds);
+    } else {
+        return holds(typed.getValue());
+    }
 }
 
 struct Kind
 {
     SoType (*type)();
     bool (*holds)(SoField& field, const FieldComparison& comparison);
-    bool isNumber = true; ///< a vector is equal as a whole only
 };
 
-template <class Field>
-constexpr Kind number{Field::getClassTypeId, holdsForNumber<Field>};
-template <class Field>
-constexpr Kind vector{Field::getClassTypeId, holdsForComponent<Field>, false};
+template <class... Fields>
+constexpr std::array<Kind, sizeof...(Fields)> kindsOf{Kind{Fields::getClassTypeId, holdsFor<Fields>}...};
 
-constexpr Kind kinds[] = {
-    number<SoSFFloat>,
-    number<SoMFFloat>,
-    number<SoSFInt32>,
-    number<SoMFInt32>,
-    {SoSFBool::getClassTypeId, holdsForTruth<SoSFBool>},
-    {SoMFBool::getClassTypeId, holdsForTruth<SoMFBool>},
-    number<SoSFDouble>,
-    number<SoMFDouble>,
-    number<SoSFShort>,
-    number<SoMFShort>,
-    number<SoSFUShort>,
-    number<SoMFUShort>,
-    number<SoSFUInt32>,
-    number<SoMFUInt32>,
-    {SoSFTime::getClassTypeId, holdsForTime<SoSFTime>},
-    {SoMFTime::getClassTypeId, holdsForTime<SoMFTime>},
-    vector<SoSFVec3f>,
-    vector<SoMFVec3f>,
-    vector<SoSFColor>,
-    vector<SoMFColor>,
-    vector<SoSFVec2f>,
-    vector<SoMFVec2f>,
-    vector<SoSFVec4f>,
-    vector<SoMFVec4f>,
-    vector<SoSFVec2d>,
-    vector<SoMFVec2d>,
-    vector<SoSFVec3d>,
-    vector<SoMFVec3d>,
-    vector<SoSFVec4d>,
-    vector<SoMFVec4d>,
-    vector<SoSFVec2s>,
-    vector<SoMFVec2s>,
-    vector<SoSFVec3s>,
-    vector<SoMFVec3s>,
-    vector<SoSFVec2i32>,
-    vector<SoMFVec2i32>,
-    vector<SoSFVec3i32>,
-    vector<SoMFVec3i32>,
-};
+/// All that consists of numbers; the most frequent ones first.
+constexpr auto kinds =
+    kindsOf<SoSFFloat, SoMFFloat, SoSFBool, SoMFBool, SoSFInt32, SoMFInt32, SoSFVec3f, SoMFVec3f, SoSFColor,
+            SoMFColor, SoSFRotation, SoMFRotation, SoSFVec2f, SoMFVec2f, SoSFTime, SoMFTime, SoSFShort,
+            SoMFShort, SoSFUShort, SoMFUShort, SoSFUInt32, SoMFUInt32, SoSFDouble, SoMFDouble, SoSFVec2b,
+            SoMFVec2b, SoSFVec2s, SoMFVec2s, SoSFVec2i32, SoMFVec2i32, SoSFVec2d, SoMFVec2d, SoSFVec3b,
+            SoMFVec3b, SoSFVec3s, SoMFVec3s, SoSFVec3i32, SoMFVec3i32, SoSFVec3d, SoMFVec3d, SoSFVec4b,
+            SoMFVec4b, SoSFVec4ub, SoMFVec4ub, SoSFVec4s, SoMFVec4s, SoSFVec4us, SoMFVec4us, SoSFVec4i32,
+            SoMFVec4i32, SoSFVec4ui32, SoMFVec4ui32, SoSFVec4f, SoMFVec4f, SoSFVec4d, SoMFVec4d,
+            SoSFColorRGBA, SoMFColorRGBA, SoSFPlane, SoMFPlane, SoSFMatrix, SoMFMatrix, SoSFBox2s,
+            SoSFBox2i32, SoSFBox2f, SoSFBox2d, SoSFBox3s, SoSFBox3i32, SoSFBox3f, SoSFBox3d>;
 
 QStringList wordsOf(const QString& text)
 {
@@ -190,12 +178,19 @@ bool FieldComparison::holdsNumber(Number value) const
     return m_relations & (actual < typed ? Less : actual > typed ? Greater : Equal);
 }
 
+template <typename Numbers>
+bool FieldComparison::holdsNumbers(const Numbers& numbers) const
+{
+    const auto holds = [this](auto number) { return holdsNumber(number); };
+    return m_relations == Equal ? std::ranges::all_of(numbers, holds) : std::ranges::any_of(numbers, holds);
+}
+
 bool FieldComparison::holds(SoField& field) const
 {
     const SoType type = field.getTypeId();
     const auto* kind = std::find_if(std::begin(kinds), std::end(kinds),
                                     [type](const Kind& each) { return type.isDerivedFrom(each.type()); });
-    if (m_number && kind != std::end(kinds) && (kind->isNumber || !isEquality()))
+    if (m_number && kind != std::end(kinds))
         return kind->holds(field, *this);
     return isEquality() && holdsText(field);
 }

@@ -9,11 +9,11 @@ class SoField;
 
 /// Compares the value of fields with one that a person typed.
 ///
-/// Numbers, truth values and times, single or in lists, are compared as numbers. What comes before or after
-/// something is looked for in the components of vectors and colours too. All else is compared as text,
-/// whatever the case, the blanks and the brackets, numbers within it to some six digits. Of a list it is
-/// enough that one of its first elements (4,096 numbers, 500 texts) holds; a whole short list can be equal,
-/// too. Evaluates connected fields.
+/// A single number is compared with all kinds that consist of numbers, truth values and times among them. A
+/// vector, a colour, a rotation, a box is equal to it when all components are, and otherwise it is enough
+/// that one component holds. All else is compared as text, whatever the case, the blanks and the brackets,
+/// numbers within it to some six digits. Of a list it is enough that one of its first elements (4,096
+/// numbers, 500 texts) holds; a whole short list can be equal, too. Evaluates connected fields.
 class FieldComparison
 {
 public:
@@ -33,11 +33,13 @@ public:
     bool isPossible() const { return isEquality() || m_number; }
     bool holds(SoField& field) const;
 
-    /// True for `value`, the value of a field of type `Number`.
-    template <typename Number>
-    bool holdsNumber(Number value) const;
+    /// The numbers that one value consists of, in the type that the field holds them in.
+    template <typename Numbers>
+    bool holdsNumbers(const Numbers& numbers) const;
 
 private:
+    template <typename Number>
+    bool holdsNumber(Number value) const;
     bool isEquality() const { return m_relations == Equal || m_relations == NotEqual; }
     bool holdsText(SoField& field) const;
 

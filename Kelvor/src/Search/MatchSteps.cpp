@@ -16,6 +16,7 @@ void MatchSteps::start(SoNode* root, const SearchQuery& query, bool choose)
     m_query = query;
     m_outdated = false;
     m_awaited.reset();
+    m_lastAwaited = false;
     if (query.isEmpty()) {
         m_search.clear();
         return;
@@ -28,8 +29,11 @@ void MatchSteps::start(SoNode* root, const SearchQuery& query, bool choose)
 void MatchSteps::followSearch()
 {
     const std::size_t count = m_search.matches().size();
-    const bool over = m_search.state() == State::Finished || m_search.state() == State::Cancelled;
-    if (m_awaited && count > *m_awaited)
+    const State state = m_search.state();
+    const bool over = state == State::Finished || state == State::Cancelled;
+    if (state != State::Running && std::exchange(m_lastAwaited, false) && count > 0)
+        choose(count - 1);
+    else if (m_awaited && count > *m_awaited)
         choose(*std::exchange(m_awaited, std::nullopt));
     else if (m_awaited && over && std::exchange(m_awaited, std::nullopt) && count > 0)
         step(1); // round to the first one
@@ -38,6 +42,8 @@ void MatchSteps::followSearch()
 
 void MatchSteps::step(int direction)
 {
+    m_awaited.reset();
+    m_lastAwaited = false;
     const auto& matches = m_search.matches();
     const auto count = static_cast<std::ptrdiff_t>(matches.size());
     const bool more = m_search.state() == State::Running || m_search.state() == State::Paused;
@@ -45,7 +51,7 @@ void MatchSteps::step(int direction)
     if (m_position)
         next = std::ptrdiff_t(m_search.place(*m_position)) + (direction < 0 ? -1 : current().has_value());
     for (std::ptrdiff_t tried = 0; tried < count; ++tried, next += direction) {
-        if (next >= count && (more || m_outdated))
+        if (next >= count ? more || m_outdated : next < 0 && m_outdated)
             break;
         next = (next + count) % count;
         if (TreeSearch::isThere(matches[next], m_root)) {
@@ -53,13 +59,17 @@ void MatchSteps::step(int direction)
             return;
         }
     }
-    if (more) {
-        m_awaited = matches.size();
+    const bool goesOn = more && (direction > 0 || !m_outdated);
+    if (goesOn)
         m_search.resume();
-    } else {
-        start(m_root, m_query, true);
+    else
+        start(m_root, m_query, false);
+    if (direction > 0)
+        m_awaited = matches.size();
+    else
+        m_lastAwaited = true;
+    if (!goesOn)
         Q_EMIT progressed();
-    }
 }
 
 std::optional<std::size_t> MatchSteps::current() const

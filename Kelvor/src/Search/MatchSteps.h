@@ -7,7 +7,8 @@
 /// A search and the way through its matches: which one to show, from where to go on, when to look again.
 ///
 /// Matches that are no longer where they were found are passed over. Behind the last one the way begins anew
-/// with the first, and so does the search if the graph may have changed meanwhile.
+/// with the first, and before the first one with the last; so does the search if the graph may have changed
+/// meanwhile.
 class MatchSteps : public QObject
 {
     Q_OBJECT
@@ -47,5 +48,6 @@ private:
     SoNode* m_root = nullptr;
     std::optional<QList<int>> m_position;
     std::optional<std::size_t> m_awaited; // the match to choose once it is found
+    bool m_lastAwaited = false;           // the last match is to be chosen once the search rests
     bool m_outdated = false;
 };

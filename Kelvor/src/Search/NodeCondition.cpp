@@ -57,19 +57,39 @@ bool contains(const char* text, const QString& part)
     return QString::fromUtf8(text).contains(part, Qt::CaseInsensitive);
 }
 
-QString withoutPrefix(const QString& type)
+bool isSame(const QString& one, const QString& other)
 {
-    return type.startsWith(QLatin1String("So"), Qt::CaseInsensitive) ? type.mid(2) : type;
+    return one.compare(other, Qt::CaseInsensitive) == 0;
 }
 
-/// The name of its type contains the text. Looks at each type once.
+const QLatin1String prefix("So"); // in programs, not in files
+
+/// The text is what the type is called in files or in programs.
+bool isName(const QString& text, const QString& type)
+{
+    return isSame(text, type) || isSame(text, prefix + type) || isSame(prefix + text, type);
+}
+
+/// The text is a part of what the type is called in files, or the first part of what it is in programs.
+bool isPartOfName(const QString& text, const QString& type)
+{
+    return type.contains(text, Qt::CaseInsensitive) ||
+           (text.size() > prefix.size() && (prefix + type).startsWith(text, Qt::CaseInsensitive));
+}
+
+QString nameOf(SoType type)
+{
+    return QString::fromUtf8(type.getName().getString());
+}
+
+/// The text is a part of the name of its type. Looks at each type once.
 NodeCondition typeContains(const QString& text)
 {
     return [text, known = std::unordered_map<int, bool>()](const SoNode* node) mutable {
         const SoType type = node->getTypeId();
         const auto [entry, isNew] = known.try_emplace(type.getKey(), false);
         if (isNew)
-            entry->second = contains(type.getName().getString(), text);
+            entry->second = isPartOfName(text, nameOf(type));
         return entry->second;
     };
 }
@@ -142,16 +162,14 @@ NodeCondition NodeConditions::name(const QString& text)
 
 NodeCondition NodeConditions::type(const QString& text)
 {
-    const QString wanted = withoutPrefix(text);
     SoTypeList types;
     SoType::getAllDerivedFrom(SoNode::getClassTypeId(), types);
     for (int i = 0; i < types.getLength(); ++i) {
         const SoType type = types[i];
-        if (withoutPrefix(QString::fromUtf8(type.getName().getString()))
-                .compare(wanted, Qt::CaseInsensitive) == 0)
+        if (isName(text, nameOf(type)))
             return [type](const SoNode* node) { return node->isOfType(type); };
     }
-    return typeContains(wanted);
+    return typeContains(text);
 }
 
 NodeCondition NodeConditions::field(const QString& name)

@@ -19,11 +19,12 @@ using SharedNodes = std::unordered_set<const SoNode*>;
 /// What can be asked of a node, each function for one thing. Case never matters.
 namespace NodeConditions {
 
-/// Its name or its type contains the text, or one of its fields is called so.
+/// Its name or its type contains the text, or one of its fields is called so. The prefix "So" of the type may
+/// be there or not.
 NodeCondition word(const QString& text);
 NodeCondition name(const QString& text);
 /// It is of the type, or of one derived from it; if there is no such type, its type's name contains the text.
-/// The prefix "So" may be there or not.
+/// The prefix may be there or not.
 NodeCondition type(const QString& text);
 /// It has a field of that name.
 NodeCondition field(const QString& name);
