@@ -1,9 +1,6 @@
 #pragma once
 
-#include <QApplication>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QTimer>
+#include "TestMain.h"
 
 /// Answers the next message box with a button and keeps its text.
 class Answer

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestMain.h"
+
 #include "Window/HostPlugins.h"
 #include "Window/HostShell.h"
 
@@ -7,11 +9,6 @@
 #include <KlvExtender/KlvPluginsManager.h>
 #include <KlvExtender/KlvProfile.h>
 #include <KlvExtender/SceneGraph/SbStringText.h>
-
-#include <QMainWindow>
-#include <QPushButton>
-#include <QSettings>
-#include <QTest>
 
 /// One run of the host without its window, in a configuration folder that outlives it.
 struct HostRun

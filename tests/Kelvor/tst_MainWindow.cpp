@@ -1,6 +1,6 @@
 #include "Answer.h"
-#include "TestMain.h"
 
+#include "Models/SceneTreePanel.h"
 #include "Scene/SceneDocument.h"
 #include "Window/DocumentActions.h"
 #include "Window/HostPlugins.h"
@@ -8,17 +8,6 @@
 #include "Window/MainWindow.h"
 
 #include <KlvExtender/KlvServices.h>
-
-#include <Inventor/nodes/SoCone.h>
-#include <Inventor/nodes/SoInfo.h>
-#include <Inventor/nodes/SoSeparator.h>
-
-#include <QDockWidget>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMimeData>
-#include <QTemporaryDir>
-#include <QUndoStack>
 
 class tst_MainWindow : public QObject
 {
@@ -144,13 +133,44 @@ private Q_SLOTS:
         QVERIFY(QDir(m_folder.path()).entryList(QDir::Files).filter("cone").size() == 1);
     }
 
+    void asksBeforeAFileLosesWhatIsNotInTheScene()
+    {
+        const QString file =
+            write("mine.iv", "#Inventor V2.1 ascii\nInfo { string \"#1\" } # tuned by hand\n");
+        const auto save = [this, &file](QMessageBox::StandardButton button, const char* mentions) {
+            m_window->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+            m_services->getUndoStack()->resetClean();
+            Answer answer(button);
+            QTest::keyClick(m_window.get(), Qt::Key_S, Qt::ControlModifier);
+            QVERIFY2(mentions ? answer.text.contains(mentions) : answer.text.isEmpty(),
+                     qPrintable(answer.text));
+            QCOMPARE(m_window->isWindowModified(), button == QMessageBox::Cancel);
+        };
+        m_window->documentActions()->open(file);
+        save(QMessageBox::Cancel, "comments");
+        save(QMessageBox::Save, "comments");
+        save(QMessageBox::Save, nullptr);
+        write("mine.iv", "#Inventor V2.1 ascii\nCone {}\n");
+        save(QMessageBox::Cancel, "another program");
+        save(QMessageBox::Save, "another program");
+    }
+
+    void escapeInTheTreeSelectsNothing()
+    {
+        m_services->setSelectedNode(cone());
+        m_window->treePanel()->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        QCOMPARE(m_services->getSelectedNode(), nullptr);
+    }
+
     void savesAsAnotherFileWhatMustNotBeOverwritten()
     {
-        const QString file = write("odd.iv", "#Inventor V2.1 ascii\nCone {}\n} Cube {}\n");
+        const QString file = write("odd.iv.gz", "#Inventor V2.1 ascii\nCone {}\n} Cube {}\n");
         m_window->documentActions()->open(file);
         QTimer::singleShot(0, this, [] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            QVERIFY(dialog);
+            QVERIFY(dialog && dialog->selectedFiles().constFirst().endsWith("/odd.iv"));
             dialog->reject();
         });
         m_services->setSelectedField(&cone()->height);
@@ -183,6 +203,8 @@ private Q_SLOTS:
         m_window->addDockWidget(Qt::RightDockWidgetArea, tree);
         m_window->findChild<QDockWidget*>("History")->close();
         m_window->addDockWidget(Qt::BottomDockWidgetArea, editorDock());
+        auto* toolBar = m_window->findChild<QToolBar*>();
+        m_window->addToolBar(Qt::BottomToolBarArea, toolBar);
         m_services->setSelectedField(&cone()->height);
         QVERIFY(m_window->close());
         m_window.reset();
@@ -190,6 +212,7 @@ private Q_SLOTS:
         QCOMPARE(m_window->dockWidgetArea(m_window->findChild<QDockWidget*>("SceneTree")),
                  Qt::RightDockWidgetArea);
         QCOMPARE(m_window->dockWidgetArea(editorDock()), Qt::BottomDockWidgetArea);
+        QCOMPARE(m_window->toolBarArea(m_window->findChild<QToolBar*>()), Qt::BottomToolBarArea);
         QVERIFY(!m_window->findChild<QDockWidget*>("History")->isVisible());
         QVERIFY(!editorDock()->isVisible()); // It was open, but nothing is selected now.
     }

@@ -1,22 +1,9 @@
 #include "Answer.h"
-#include "CoinHelpers.h"
 #include "HostRun.h"
-#include "TestMain.h"
 
 #include "Window/PluginsDialog.h"
 
 #include <KlvExtender/KlvServices.h>
-
-#include <Inventor/fields/SoSFTime.h>
-#include <Inventor/nodes/SoCone.h>
-#include <Inventor/nodes/SoCoordinate3.h>
-#include <Inventor/nodes/SoDirectionalLight.h>
-
-#include <QDockWidget>
-#include <QLineEdit>
-#include <QTemporaryDir>
-#include <QTreeWidget>
-#include <QUndoStack>
 
 class tst_PluginsDialog : public QObject
 {

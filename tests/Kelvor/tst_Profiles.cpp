@@ -1,17 +1,8 @@
 #include "HostRun.h"
-#include "TestMain.h"
 
 #include "Window/ProfilesDialog.h"
 
 #include <KlvExtender/KlvProfileSetting.h>
-
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTreeWidget>
 
 class tst_Profiles : public QObject
 {
@@ -193,12 +184,8 @@ private Q_SLOTS:
     {
         const QByteArray mine = R"({"name": "Mine", "rule": "nothing"})";
         const QByteArray start = R"({"name": "Mine", "rule": "nothing", "extensions": )";
-        const struct
-        {
-            QByteArray list;
-            int problems;
-            QString mentions;
-        } rows[] = {
+        // The list in the file, how many problems are told, and what of.
+        const std::tuple<QByteArray, int, QString> rows[] = {
             {"", 1, ".damaged"}, // no JSON
             {"7, {\"name\": \" \"}, " + mine, 2, "name"},
             {R"({"name": "Odd", "rule": "half"}, )" + mine, 1, "\"half\""},

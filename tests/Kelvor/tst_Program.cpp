@@ -68,25 +68,18 @@ private Q_SLOTS:
 
     void failures()
     {
+        // clang-format off
         const std::pair<QStringList, const char*> rows[] = {
-            {{"missing.iv"}, "missing.iv"},
-            {{"broken.iv"}, "broken.iv"},
-            {{"cyclic.iv"}, "itself"},
-            {{"deep.iv"}, "deeply"},
-            {{"scene.iv", "--select", "Silver.transparency"}, "Silver"},
-            {{"scene.iv", "--select", "Gold.gloss"}, "gloss"},
-            {{"scene.iv", "--select", "Cone[2]"}, "Cone"},
-            {{"--select", "Gold"}, "Gold"},
-            {{"--plugin", "nothing.so"}, "nothing.so"},
-            {{"--plugin", "scene.iv"}, "scene.iv"},
-            {{"scene.iv", "--plugin"}, "--plugin"},
-            {{"--plugin-path", "nowhere"}, "nowhere"},
-            {{"scene.iv", "--select="}, "--select"},
-            {{"--profile", "Nobody's"}, "Nobody's"},
-            {{"--colour"}, "colour"},
+            {{"missing.iv"}, "missing.iv"}, {{"broken.iv"}, "broken.iv"}, {{"cyclic.iv"}, "itself"},
+            {{"deep.iv"}, "deeply"}, {{"scene.iv", "--select", "Silver.transparency"}, "Silver"},
+            {{"scene.iv", "--select", "Gold.gloss"}, "gloss"}, {{"scene.iv", "--select", "Cone[2]"}, "Cone"},
+            {{"--select", "Gold"}, "Gold"}, {{"--plugin", "nothing.so"}, "nothing.so"},
+            {{"--plugin", "scene.iv"}, "scene.iv"}, {{"scene.iv", "--plugin"}, "--plugin"},
+            {{"--plugin-path", "nowhere"}, "nowhere"}, {{"scene.iv", "--select="}, "--select"},
+            {{"--profile", "Nobody's"}, "Nobody's"}, {{"--colour"}, "colour"},
             {{"scene.iv", "scene.iv"}, "2"},
-            {{"scene.iv", "--screenshot", "no/such/folder.png"}, "folder.png"},
-        };
+            {{"scene.iv", "--screenshot", "no/such/folder.png"}, "folder.png"}};
+        // clang-format on
         for (auto [arguments, mentions] : rows) {
             if (!arguments.contains("--screenshot"))
                 arguments = QStringList{"--screenshot", path("unwanted.png")} + arguments;

@@ -10,6 +10,7 @@
 #include <sys/resource.h>
 
 namespace {
+
 const QByteArray inventor("#Inventor V2.1 ascii\n");
 
 int heardErrors = 0;
@@ -18,6 +19,7 @@ void ownHandler(const SoError*, void*)
 {
     ++heardErrors;
 }
+
 } // namespace
 
 class tst_SceneDocument : public QObject
@@ -73,8 +75,8 @@ private Q_SLOTS:
     {
         QVERIFY2(m_document->open(write("good.iv", inventor + "Cone {}"), &m_error), qPrintable(m_error));
         SoNode* const before = m_document->root();
-        const QString large =
-            write("large.iv", inventor + "Separator {" + QByteArray("Cube { width 2 }\n").repeated(200000) + "}");
+        const QString large = write("large.iv", inventor + "Separator {" +
+                                                    QByteArray("Cube { width 2 }\n").repeated(200000) + "}");
         double share = 0;
         const auto cancelLater = [&share](double now) {
             const bool grows = now > std::exchange(share, now) && now <= 1;
@@ -137,7 +139,8 @@ private Q_SLOTS:
         QVERIFY(
             m_document->open(write("a.iv", inventor + "Texture2 { filename \"picture.png\" }"), &m_error));
         auto* texture = static_cast<SoTexture2*>(static_cast<SoSeparator*>(m_document->root())->getChild(0));
-        QCOMPARE(textOf(texture->image), QByteArray("3 2 3\n0xff0000 0xff0000 0xff ..."));
+        QCOMPARE(textOf(texture->image),
+                 QByteArray("3 2 3\n0xff0000 0xff0000 0xff 0xff0000 0xff0000 0xff0000 "));
     }
 
     void savesAndReadsBack()
@@ -166,7 +169,8 @@ private Q_SLOTS:
             QVERIFY2(saved.startsWith(header) && saved.contains(holds), saved.constData());
             QVERIFY(m_document->save(path("again"), &m_error));
             QCOMPARE(read("again"), saved); // saving did not change the scene
-            QVERIFY2(m_document->reload(&m_error) && m_document->warnings().isEmpty(), qPrintable(m_error));
+            QVERIFY2(m_document->open(path("again"), &m_error) && m_document->warnings().isEmpty(),
+                     qPrintable(m_error));
             QVERIFY(m_document->save(path("again"), &m_error));
             QCOMPARE(read("again"), saved);
         }

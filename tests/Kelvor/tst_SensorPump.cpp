@@ -1,17 +1,12 @@
 #include "Scene/SensorPump.h"
 #include "TestMain.h"
 
-#include <Inventor/SoDB.h>
 #include <Inventor/sensors/SoAlarmSensor.h>
 #include <Inventor/sensors/SoIdleSensor.h>
 #include <Inventor/sensors/SoOneShotSensor.h>
 #include <Inventor/sensors/SoTimerSensor.h>
 
-#include <QTimerEvent>
-
-#include <functional>
 #include <thread>
-#include <utility>
 
 class tst_SensorPump : public QObject
 {

@@ -2,7 +2,6 @@
 #include "View/ViewCamera.h"
 
 #include <Inventor/SbXfBox3f.h>
-#include <Inventor/nodes/SoCamera.h>
 
 #include <array>
 #include <cmath>

@@ -31,7 +31,7 @@ public:
     /// Opens the inspector on a graph, or lets the one that is open show another graph and brings it to the
     /// front. It owns itself and goes when its window is closed or the application quits.
     static KelvorInspector* inspect(SoNode* root);
-    /// The inspector that is open, or null.
+    /// The inspector that is open, or null; one that is closing no longer counts.
     static KelvorInspector* getInstance();
 
     ~KelvorInspector() override;
@@ -40,8 +40,9 @@ public:
     QWidget* window() const;
     /// The graph that is shown; null after the application has deleted it.
     SoNode* root() const;
-    /// Closes the inspector without asking anything. It is gone when this returns, or, where one of its
-    /// dialogs is open, hidden and without a scene, and gone as soon as that dialog is.
+    /// Closes the inspector without asking anything; may be called from any callback of the scene. It is
+    /// hidden at once and gone when the event loop comes round, which `closed()` tells, unless `inspect()`
+    /// takes it up again before.
     void close();
 
 Q_SIGNALS:
@@ -50,6 +51,7 @@ Q_SIGNALS:
 
 private:
     KelvorInspector();
+    void release();
 
     class Private;
     std::unique_ptr<Private> d;

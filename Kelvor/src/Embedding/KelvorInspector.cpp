@@ -6,13 +6,20 @@
 #include "Window/HostPlugins.h"
 #include "Window/MainWindow.h"
 
+#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QDialog>
 #include <QMessageBox>
+#include <QThread>
+#include <QTimer>
 
 #include <algorithm>
+#include <climits>
+#include <utility>
 
 namespace {
+
+constexpr int unwindTime = 20; // ms until it is looked again whether a nested event loop has ended
 
 KelvorInspector* g_instance = nullptr;
 
@@ -26,22 +33,46 @@ void closeInstance()
 class KelvorInspector::Private
 {
 public:
-    QDialog* modalDialog() const;
     void startPlugins();
+    void noteLoop();
+    bool isBelowNothing() const;
+    bool endDialogs();
 
     MainWindow window{MainWindow::Layout::Kept, MainWindow::Host::Application};
     RootWatch rootWatch{window.document()};
     SensorFallback sensors;
-    bool closing = false; ///< waits for the end of a dialog
+    int outermostLoop = INT_MAX; ///< level of the outermost event loop that has turned since it was opened
+    bool closing = false;
 };
 
-QDialog* KelvorInspector::Private::modalDialog() const
+void KelvorInspector::Private::noteLoop()
 {
-    const QList<QDialog*> dialogs = window.findChildren<QDialog*>();
-    const auto modal = std::find_if(dialogs.begin(), dialogs.end(), [](const QDialog* dialog) {
-        return dialog->isModal() && dialog->isVisible();
-    });
-    return modal == dialogs.end() ? nullptr : *modal;
+    // Without a running loop the application turns the events over by itself, or will run one yet.
+    outermostLoop = std::min(outermostLoop, std::max(QThread::currentThread()->loopLevel(), 1));
+}
+
+/// Whether no event loop has been started from within the window and still runs.
+bool KelvorInspector::Private::isBelowNothing() const
+{
+    return QThread::currentThread()->loopLevel() <= outermostLoop;
+}
+
+/// Ends dialogs and menus, false when there were none; whoever has opened them goes on with the window when
+/// its turn comes.
+bool KelvorInspector::Private::endDialogs()
+{
+    bool any = false;
+    for (QWidget* child : window.findChildren<QWidget*>()) {
+        auto* dialog = qobject_cast<QDialog*>(child);
+        if (!child->isVisible() || !(dialog || child->windowType() == Qt::Popup))
+            continue;
+        any = true;
+        if (dialog)
+            dialog->reject();
+        else
+            child->close();
+    }
+    return any;
 }
 
 void KelvorInspector::Private::startPlugins()
@@ -66,6 +97,7 @@ KelvorInspector* KelvorInspector::inspect(SoNode* root)
         qAddPostRoutine(closeInstance);
     }
     Private& d = *g_instance->d;
+    // One that is about to go is taken up again.
     d.closing = false;
     d.window.document()->setRoot(root);
     d.window.show();
@@ -76,13 +108,15 @@ KelvorInspector* KelvorInspector::inspect(SoNode* root)
 
 KelvorInspector* KelvorInspector::getInstance()
 {
-    return g_instance;
+    return g_instance && g_instance->d && !g_instance->d->closing ? g_instance : nullptr;
 }
 
 KelvorInspector::KelvorInspector()
     : d(std::make_unique<Private>())
 {
     d->startPlugins();
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
+            [this] { d->noteLoop(); });
     connect(&d->rootWatch, &RootWatch::released, this,
             [this] { d->window.tell(tr("The application has deleted the scene that was shown here.")); });
     // Later: the window is in the midst of closing. It may be wanted again meanwhile.
@@ -91,7 +125,8 @@ KelvorInspector::KelvorInspector()
             close();
     };
     connect(&d->window, &MainWindow::closed, this, closeHidden, Qt::QueuedConnection);
-    connect(qApp, &QCoreApplication::aboutToQuit, this, &KelvorInspector::close);
+    // No event loop comes round any more.
+    connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { delete this; });
 }
 
 KelvorInspector::~KelvorInspector()
@@ -116,20 +151,30 @@ SoNode* KelvorInspector::root() const
 
 void KelvorInspector::close()
 {
-    QDialog* dialog = d->modalDialog();
-    if (!dialog) {
-        delete this;
+    if (std::exchange(d->closing, true))
         return;
-    }
-    // Whoever has opened the dialog goes on with the window once it is over, so both have to be there.
-    d->closing = true;
-    const auto goOn = [this] {
-        if (d->closing)
-            close();
-    };
-    connect(dialog, &QObject::destroyed, this, goOn, Qt::QueuedConnection);
-    dialog->reject();
-    d->window.keepLayout();
+    if (d->window.isVisible())
+        d->window.keepLayout();
+    const bool waits = d->endDialogs();
     d->window.hide();
-    d->window.document()->setRoot(nullptr);
+    // The call may come from a callback of the scene below an editor of the window, so that has to be there
+    // until control is back in the loop that runs now, also where the application turns events over before.
+    if (!waits && QThread::currentThread()->loopLevel() > 0) {
+        auto* guard = new QObject;
+        connect(guard, &QObject::destroyed, this, &KelvorInspector::release);
+        guard->deleteLater();
+    } else {
+        QTimer::singleShot(unwindTime, this, &KelvorInspector::release);
+    }
+}
+
+void KelvorInspector::release()
+{
+    // Unloading the plug-ins deletes all that waits for it, and so comes here once more.
+    if (!d || !d->closing)
+        return;
+    if (d->isBelowNothing())
+        delete this;
+    else
+        QTimer::singleShot(unwindTime, this, &KelvorInspector::release);
 }

@@ -3,20 +3,31 @@
 #include <Inventor/SoDB.h>
 #include <Inventor/sensors/SoSensorManager.h>
 
+#include <QScopedValueRollback>
+
 namespace {
 
 constexpr int lookInterval = 50;    // ms
 constexpr int processInterval = 16; // ms: as often as a display shows anything
-constexpr int looksUntilStuck = 4;  // each in a turn of the event loop of its own
+constexpr int looksUntilStuck = 40; // each in a turn of the event loop of its own
 
 } // namespace
 
 SensorFallback::SensorFallback(QObject* parent)
     : QObject(parent)
-    , m_trial([](void*, SoSensor*) {}, nullptr)
 {
     connect(&m_timer, &QTimer::timeout, this, &SensorFallback::look);
     m_timer.start(lookInterval);
+}
+
+void SensorFallback::trialFired(void* fallback, SoSensor*)
+{
+    auto* self = static_cast<SensorFallback*>(fallback);
+    self->m_stuckLooks = 0;
+    if (self->m_processing || !self->m_isPump)
+        return;
+    self->m_isPump = false;
+    self->m_timer.setInterval(lookInterval);
 }
 
 bool SensorFallback::isStuck()
@@ -32,6 +43,11 @@ bool SensorFallback::isStuck()
 void SensorFallback::look()
 {
     SoSensorManager* sensors = SoDB::getSensorManager();
+    if (m_isPump) {
+        process();
+        m_trial.schedule();
+        return;
+    }
     if (!isStuck()) {
         m_stuckLooks = 0;
         if (sensors->isDelaySensorPending())
@@ -44,15 +60,14 @@ void SensorFallback::look()
     // From within a sensor's callback that runs an event loop of its own nothing can be processed, by
     // anybody.
     m_stuckLooks = 0;
-    if (isStuck())
-        return;
-    m_timer.disconnect(this);
-    connect(&m_timer, &QTimer::timeout, this, &SensorFallback::process);
-    m_timer.start(processInterval);
+    m_isPump = !isStuck();
+    if (m_isPump)
+        m_timer.setInterval(processInterval);
 }
 
 void SensorFallback::process()
 {
+    const QScopedValueRollback<bool> processing(m_processing, true);
     SoSensorManager* sensors = SoDB::getSensorManager();
     sensors->processTimerQueue();
     sensors->processDelayQueue(TRUE);

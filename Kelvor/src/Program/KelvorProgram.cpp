@@ -10,6 +10,7 @@
 #include "Window/DocumentActions.h"
 #include "Window/HostPlugins.h"
 #include "Window/MainWindow.h"
+#include "Window/WindowDialogs.h"
 
 #include "Models/SceneTreePanel.h"
 
@@ -20,7 +21,6 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QMessageBox>
 
 #include <algorithm>
 #include <cstdio>
@@ -42,7 +42,7 @@ void complain(MainWindow& window, bool quiet, const QStringList& sentences)
     if (quiet)
         fail(text);
     else
-        QMessageBox::warning(&window, QApplication::applicationDisplayName(), text);
+        warn(&window, QApplication::applicationDisplayName(), text);
 }
 
 /// Loads what the options ask for; one sentence when something of it is missing. What the program can do
@@ -71,7 +71,9 @@ QString setUp(MainWindow& window, const ProgramOptions& options, QStringList& pr
         if (!opened)
             return error;
     }
-    if (options.selection.isEmpty())
+    // Reading was cancelled when there is no scene although one was asked for.
+    const bool isCancelled = !options.scene.isEmpty() && !window.document()->root();
+    if (options.selection.isEmpty() || isCancelled)
         return QString();
 
     const NodeSpecifier::Result found = NodeSpecifier::find(window.document()->root(), options.selection);

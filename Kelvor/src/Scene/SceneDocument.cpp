@@ -35,6 +35,7 @@ SceneDocument::~SceneDocument()
 bool SceneDocument::open(const QString& name, QString* error, const SceneInput::Progress& progress)
 {
     const QString file = QFileInfo(name).absoluteFilePath();
+    const SourceFile source(file);
     const SceneReader::Result scene = SceneReader::read(file, progress);
     if (!scene.root && scene.reason.isEmpty()) {
         report(QString(), error);
@@ -44,17 +45,9 @@ bool SceneDocument::open(const QString& name, QString* error, const SceneInput::
         report(tr("\"%1\" cannot be read: %2.").arg(QDir::toNativeSeparators(name), scene.reason), error);
         return false;
     }
+    m_source = source;
     replace(scene.root, file, scene.warnings);
     return true;
-}
-
-bool SceneDocument::reload(QString* error)
-{
-    if (m_fileName.isEmpty()) {
-        report(tr("This scene does not come from a file."), error);
-        return false;
-    }
-    return open(m_fileName, error);
 }
 
 bool SceneDocument::save(const QString& name, QString* error)
@@ -71,6 +64,7 @@ bool SceneDocument::save(const QString& name, QString* error)
     if (!m_fileName.isEmpty()) {
         m_warnings.clear(); // the file holds all that is in the scene
         setFileName(QFileInfo(name).absoluteFilePath());
+        m_source = SourceFile(m_fileName);
         Q_EMIT fileNameChanged();
     }
     return true;

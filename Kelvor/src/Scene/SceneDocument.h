@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Scene/SceneInput.h"
+#include "Scene/SourceFile.h"
 
 #include <KlvExtender/KlvContainerRef.h>
 
@@ -34,8 +35,6 @@ public:
     /// `progress` hears how far it has come and may cancel it: the scene that was open then stays, too, and
     /// `error` is empty.
     bool open(const QString& file, QString* error, const SceneInput::Progress& progress = {});
-    /// Reads the file again. Fails like `open()`, also when the scene did not come from a file.
-    bool reload(QString* error);
     /// Writes the scene as text. A scene that was read from a VRML file becomes a VRML file of that version,
     /// any other an Inventor file, whatever its name ends in. `file` is the document's file from then on; a
     /// live graph stays one that belongs to no file.
@@ -43,9 +42,11 @@ public:
     /// The file is replaced in one step when all is written. On failure it is as it was, `error` holds one
     /// sentence and the result is false.
     bool save(const QString& file, QString* error);
-    /// Whether the document's file may be written over without asking: there is one, it is not compressed,
-    /// all of it could be read, and it can be written.
+    /// Whether the document's file may be written over: there is one, it is not compressed, all of it could
+    /// be read, and it can be written. What it loses by that is told by `sourceFile()`.
     bool canOverwrite() const;
+    /// The document's file as it was when it was read or saved; for a live graph it says nothing.
+    const SourceFile& sourceFile() const { return m_source; }
     /// Shows a live graph, or nothing (null), which belongs to no file. It is referenced while it is shown.
     void setRoot(SoNode* root);
 
@@ -69,6 +70,7 @@ private:
 
     KlvContainerRef m_root;
     QString m_fileName;
+    SourceFile m_source;
     QByteArray m_searchedFolder;
     QStringList m_warnings;
 };

@@ -5,6 +5,7 @@
 #include "LoadProgress.h"
 #include "RecentFiles.h"
 #include "Scene/SceneDocument.h"
+#include "WindowDialogs.h"
 
 #include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvServices.h>
@@ -12,18 +13,47 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
-#include <QMessageBox>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QUndoStack>
 #include <QUrl>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
-QString sceneFilter()
+/// What is asked before a file is replaced that holds more than the scene.
+struct LossQuestion
 {
-    return DocumentActions::tr("Scenes (*.iv *.wrl *.iv.gz *.wrl.gz *.wrz);;All files (*)");
+    SourceFile::Loss loss;
+    const char* question;
+    const char* answer;
+};
+
+constexpr LossQuestion lossQuestions[] = {
+    {SourceFile::Loss::Changes,
+     QT_TRANSLATE_NOOP("DocumentActions", "\"%1\" has been changed by another program. Replace it?"),
+     QT_TRANSLATE_NOOP("DocumentActions", "&Replace")},
+    {SourceFile::Loss::Comments,
+     QT_TRANSLATE_NOOP("DocumentActions", "Saving leaves out the comments in \"%1\"."),
+     QT_TRANSLATE_NOOP("DocumentActions", "&Save")},
+    {SourceFile::Loss::Binary,
+     QT_TRANSLATE_NOOP("DocumentActions", "Saving makes a text file of the binary file \"%1\"."),
+     QT_TRANSLATE_NOOP("DocumentActions", "&Save")},
+};
+
+/// The name that a scene from a file is saved under unless a person gives another: compressed files are only
+/// read.
+QString writableName(QString name)
+{
+    if (name.endsWith(QStringLiteral(".gz"), Qt::CaseInsensitive))
+        name.chop(3);
+    else if (name.endsWith(QStringLiteral(".wrz"), Qt::CaseInsensitive))
+        name.replace(name.size() - 1, 1, QLatin1Char('l'));
+    return name;
 }
 
 } // namespace
@@ -81,6 +111,8 @@ void DocumentActions::open(const QString& file)
 
 bool DocumentActions::openAtStart(const QString& file, QString* error)
 {
+    // While one file is read, the event loop may bring another, dropped on the window.
+    const QScopedValueRollback<bool> loading(m_loading, true);
     LoadProgress progress(m_window, file);
     QString reason;
     if (m_document->open(file, &reason, [&progress](double share) { return progress.tell(share); }))
@@ -91,12 +123,8 @@ bool DocumentActions::openAtStart(const QString& file, QString* error)
 
 void DocumentActions::load(const QString& file)
 {
-    // While one file is read, the event loop may bring another, dropped on the window.
-    if (m_loading)
-        return;
-    const QScopedValueRollback<bool> loading(m_loading, true);
     QString error;
-    if (!openAtStart(file, &error))
+    if (!m_loading && !openAtStart(file, &error))
         showFailure(error);
 }
 
@@ -106,9 +134,9 @@ bool DocumentActions::mayDiscard()
     HistoryKeys::commitPendingInput(*m_shell);
     if (m_history->isClean())
         return true;
-    const auto answer = QMessageBox::question(
-        m_window, tr("Unsaved changes"), tr("The scene has been changed. Save the changes?"),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    const auto answer =
+        ask(m_window, tr("Unsaved changes"), tr("The scene has been changed. Save the changes?"),
+            QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
     return answer == QMessageBox::Discard || (answer == QMessageBox::Save && save());
 }
 
@@ -129,7 +157,7 @@ bool DocumentActions::mayLeave()
     const QPushButton* copy = box.addButton(tr("Copy as C++ and Close"), QMessageBox::AcceptRole);
     box.setDefaultButton(QMessageBox::Cancel);
     box.setEscapeButton(QMessageBox::Cancel);
-    box.exec();
+    execForWindow(box);
     if (box.clickedButton() != copy)
         return box.clickedButton() == box.button(QMessageBox::Close);
     // As the fields are now, whatever happened while the question was open.
@@ -146,8 +174,8 @@ QString DocumentActions::sceneFile(const QMimeData* data)
 
 void DocumentActions::chooseAndOpen()
 {
-    const QString file =
-        QFileDialog::getOpenFileName(m_window, tr("Open Scene"), m_document->fileName(), sceneFilter());
+    const QString file = chooseFile(m_window, tr("Open Scene"), m_document->fileName(),
+                                    tr("Scenes (*.iv *.wrl *.iv.gz *.wrl.gz *.wrz);;All files (*)"));
     if (!file.isEmpty())
         open(file);
 }
@@ -157,15 +185,34 @@ bool DocumentActions::save()
     if (!m_document->canOverwrite())
         return chooseAndSave();
     HistoryKeys::commitPendingInput(*m_shell);
-    return saveTo(m_document->fileName());
+    const auto question = std::find_if(
+        std::begin(lossQuestions), std::end(lossQuestions),
+        [loss = m_document->sourceFile().lossWhenReplaced()](const auto& one) { return one.loss == loss; });
+    if (question == std::end(lossQuestions))
+        return saveTo(m_document->fileName());
+
+    const QString name = QFileInfo(m_document->fileName()).fileName();
+    QMessageBox box(QMessageBox::Question, tr("Save"), tr(question->question).arg(name),
+                    QMessageBox::Save | QMessageBox::Cancel, m_window);
+    box.button(QMessageBox::Save)->setText(tr(question->answer));
+    QPushButton* saveAs = box.addButton(tr("Save &As…"), QMessageBox::ActionRole);
+    box.setDefaultButton(saveAs);
+    execForWindow(box);
+    if (box.clickedButton() == saveAs)
+        return chooseAndSave();
+    return box.clickedButton() == box.button(QMessageBox::Save) && saveTo(m_document->fileName());
 }
 
 bool DocumentActions::chooseAndSave()
 {
     HistoryKeys::commitPendingInput(*m_shell);
-    const QString file =
-        QFileDialog::getSaveFileName(m_window, tr("Save Scene As"), m_document->fileName(), sceneFilter());
-    return !file.isEmpty() && saveTo(file);
+    const QFileInfo suggestion(writableName(m_document->fileName()));
+    QFileDialog dialog(m_window, tr("Save Scene As"), suggestion.path(),
+                       tr("Scenes (*.iv *.wrl);;All files (*)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(suggestion.suffix().isEmpty() ? QStringLiteral("iv") : suggestion.suffix());
+    dialog.selectFile(suggestion.fileName());
+    return execForWindow(dialog) == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
 }
 
 bool DocumentActions::saveTo(const QString& file)
@@ -189,5 +236,5 @@ void DocumentActions::reload()
 
 void DocumentActions::showFailure(const QString& sentence)
 {
-    QMessageBox::warning(m_window, tr("Kelvor"), sentence);
+    warn(m_window, tr("Kelvor"), sentence);
 }

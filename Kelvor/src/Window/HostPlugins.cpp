@@ -47,6 +47,7 @@ bool isLoaded(const QString& file)
 
 HostPlugins::HostPlugins(const QString& defaultPlugin)
     : m_defaultPlugin(defaultPlugin)
+    , m_othersPlugins(KlvPluginsManager::getInstance()->getPlugins())
     , m_profiles(ProfileStore::userFile())
 {
     const KlvPluginsManager* manager = KlvPluginsManager::getInstance();
@@ -60,8 +61,10 @@ HostPlugins::~HostPlugins()
     manager->disconnect(this);
     manager->setActiveProfile(nullptr);
     const QList<KlvPlugin*> plugins = manager->getPlugins();
-    for (auto plugin = plugins.crbegin(); plugin != plugins.crend(); ++plugin)
-        manager->unloadPlugin(*plugin);
+    for (auto plugin = plugins.crbegin(); plugin != plugins.crend(); ++plugin) {
+        if (!m_othersPlugins.contains(*plugin))
+            manager->unloadPlugin(*plugin);
+    }
 }
 
 QString HostPlugins::defaultPlugin()

@@ -10,7 +10,8 @@ class KlvPlugin;
 /// The plug-ins and profiles of the host: the default plug-in, those that a person has chosen to load at
 /// every start and those that were asked for, with the profiles in which they are put to work.
 ///
-/// Unloads all plug-ins when it goes, while the shell that they show themselves in must still be there.
+/// Unloads the plug-ins that were loaded in its time when it goes, while the shell that they show themselves
+/// in must still be there. Those that an application had loaded before go on without a profile.
 class HostPlugins : public QObject
 {
     Q_OBJECT
@@ -60,6 +61,7 @@ private:
     void profilesChanged();
 
     const QString m_defaultPlugin;
+    const QList<KlvPlugin*> m_othersPlugins; ///< only compared
     RememberedPlugins m_remembered;
     ProfileStore m_profiles;
     KlvProfile* m_rememberedProfile = nullptr; ///< only compared

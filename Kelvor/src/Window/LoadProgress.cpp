@@ -1,6 +1,7 @@
 #include "LoadProgress.h"
 
 #include <QFileInfo>
+#include <QLabel>
 #include <QProgressDialog>
 
 namespace {
@@ -36,8 +37,10 @@ void LoadProgress::showDialog()
     m_window->show();
     m_dialog = std::make_unique<QProgressDialog>(m_window);
     m_dialog->setWindowTitle(tr("Open Scene"));
-    m_dialog->setLabelText(tr("Reading %1…").arg(m_file.toHtmlEscaped()));
-    m_dialog->setWindowModality(Qt::ApplicationModal);
+    auto* label = new QLabel(tr("Reading %1…").arg(m_file));
+    label->setTextFormat(Qt::PlainText);
+    m_dialog->setLabel(label);
+    m_dialog->setWindowModality(Qt::WindowModal);
     m_dialog->setAutoReset(false);
     m_dialog->setMinimumWidth(360);
     m_dialog->setMinimumDuration(0);

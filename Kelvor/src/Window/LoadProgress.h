@@ -10,7 +10,7 @@ class QProgressDialog;
 class QWidget;
 
 /// Tells how far the reading of a scene has come, and lets a person cancel it, in a dialog that appears when
-/// it takes longer than people care to notice. Input to other windows waits meanwhile.
+/// it takes longer than people care to notice. Input to the window waits meanwhile.
 class LoadProgress
 {
     Q_DECLARE_TR_FUNCTIONS(LoadProgress)

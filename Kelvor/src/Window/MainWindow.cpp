@@ -13,22 +13,28 @@
 #include "ProfilesDialog.h"
 #include "Scene/SceneDocument.h"
 #include "View/SceneView.h"
+#include "WindowDialogs.h"
 
 #include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvEditor.h>
 #include <KlvExtender/KlvPluginsManager.h>
+#include <KlvExtender/KlvProfile.h>
 #include <KlvExtender/KlvServices.h>
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileInfo>
+#include <QHash>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QToolBar>
 #include <QUndoStack>
 #include <QUndoView>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -76,14 +82,16 @@ MainWindow::MainWindow(Layout layout, Host host)
     createDocks();
     createMenus();
     connect(m_document, &SceneDocument::rootChanged, this, &MainWindow::sceneChanged);
-    connect(m_document, &SceneDocument::fileNameChanged, this, &MainWindow::updateTitle);
+    connect(m_document, &SceneDocument::fileNameChanged, this, &MainWindow::fileNameChanged);
     if (m_host == Host::Program)
         connect(m_history, &QUndoStack::cleanChanged, this,
                 [this](bool clean) { setWindowModified(!clean); });
     updateTitle();
     restoreLayout();
-    // After the layout: what the plug-ins add finds its place in it.
+    // After the layout: the docks that the plug-ins add find their places in it, tool bars do not.
     m_plugins = std::make_unique<HostPlugins>();
+    connect(KlvPluginsManager::getInstance(), &KlvPluginsManager::activeProfileChanged, this,
+            &MainWindow::restoreToolBars, Qt::SingleShotConnection);
 }
 
 MainWindow::~MainWindow()
@@ -137,11 +145,13 @@ void MainWindow::connectPanels(QDockWidget* changes)
     const auto tellProblem = [this](const QString& sentence) { tell(sentence, problemTime); };
     connect(m_fieldPanel, &FieldListPanel::problem, this, tellProblem);
     connect(m_changesPanel, &ChangesPanel::problem, this, tellProblem);
-    // What was wrong with the file stays to be read when a passing sentence has gone.
+    // What is told of the scene comes back when a passing sentence or the tip of a menu has gone.
     connect(statusBar(), &QStatusBar::messageChanged, this, [this](const QString& text) {
-        if (text.isEmpty())
-            showWarnings();
+        if (text.isEmpty() && !m_standing.isEmpty())
+            statusBar()->showMessage(m_standing);
     });
+    const ViewActions& actions = m_view->viewActions();
+    m_treePanel->addTreeActions({actions.frame, actions.clearSelection});
     connect(m_changesPanel, &ChangesPanel::countChanged, changes, [changes](int count) {
         changes->setWindowTitle(count > 0 ? tr("Changes (%1)").arg(count) : tr("Changes"));
     });
@@ -178,7 +188,10 @@ void MainWindow::createMenus()
     QMenu* panels = m_viewMenu->addMenu(tr("&Panels"));
     connect(panels, &QMenu::aboutToShow, this, [this, panels] { fillPanelsMenu(panels); });
     QMenu* tools = menuBar()->addMenu(tr("&Tools"));
-    tools->addAction(tr("&Profiles…"), this, [this] { ProfilesDialog(&m_plugins->profiles(), this).exec(); });
+    tools->addAction(tr("&Profiles…"), this, [this] {
+        ProfilesDialog dialog(&m_plugins->profiles(), this);
+        execForWindow(dialog);
+    });
     tools->addAction(tr("P&lug-ins…"), this, &MainWindow::showPlugins);
 }
 
@@ -248,7 +261,7 @@ void MainWindow::sceneChanged()
     services->setSelectedField(nullptr);
     m_history->clear();
     services->getChanges()->restart();
-    m_fieldPanel->clearPins();
+    m_fieldPanel->setRoot(m_document->root());
     const QString file = m_document->fileName();
     const bool isReload = file == std::exchange(m_shownFile, file) && !file.isEmpty();
     m_view->setRoot(m_document->root(), isReload ? SceneView::Look::Kept : SceneView::Look::Anew);
@@ -258,19 +271,29 @@ void MainWindow::sceneChanged()
     showWarnings();
 }
 
+void MainWindow::fileNameChanged()
+{
+    // Saved under another name.
+    if (m_document->root() == m_view->root())
+        m_shownFile = m_document->fileName();
+    updateTitle();
+}
+
 void MainWindow::showWarnings()
 {
     const QStringList warnings = m_document->warnings();
-    statusBar()->setVisible(!warnings.isEmpty());
-    if (!warnings.isEmpty())
-        statusBar()->showMessage(
-            tr("%n problem(s) while reading: %1", nullptr, int(warnings.size())).arg(warnings.constFirst()));
+    m_standing =
+        warnings.isEmpty()
+            ? QString()
+            : tr("%n problem(s) while reading: %1", nullptr, int(warnings.size())).arg(warnings.constFirst());
+    statusBar()->showMessage(m_standing);
     statusBar()->setToolTip(warnings.join(QLatin1Char('\n')));
 }
 
 void MainWindow::tell(const QString& sentence, int milliseconds)
 {
-    statusBar()->show();
+    if (milliseconds == 0)
+        m_standing = sentence;
     statusBar()->showMessage(sentence, milliseconds);
 }
 
@@ -296,6 +319,19 @@ void MainWindow::restoreLayout()
     restoreState(settings.value(stateKey).toByteArray(), stateVersion);
 }
 
+void MainWindow::restoreToolBars()
+{
+    if (m_layout == Layout::Fixed)
+        return;
+    // Whether a dock shows is now its extension's to say.
+    QHash<QDockWidget*, bool> hidden;
+    for (QDockWidget* dock : findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly))
+        hidden.insert(dock, dock->isHidden());
+    restoreState(HostSettings().value(stateKey).toByteArray(), stateVersion);
+    for (const auto& [dock, isHidden] : hidden.asKeyValueRange())
+        dock->setHidden(isHidden);
+}
+
 void MainWindow::keepLayout() const
 {
     if (m_layout == Layout::Fixed)
@@ -305,10 +341,22 @@ void MainWindow::keepLayout() const
     settings.setValue(stateKey, saveState(stateVersion));
 }
 
+/// Whether the application has no window left besides this one, whose end is its end, too.
+bool MainWindow::isLastWindow() const
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::none_of(windows.begin(), windows.end(), [this](const QWidget* one) {
+        return one != this && one->isVisible() && !one->parentWidget() &&
+               one->testAttribute(Qt::WA_QuitOnClose);
+    });
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     if (m_host == Host::Program ? !m_documentActions->mayDiscard() : !m_documentActions->mayLeave()) {
         event->ignore();
+        if (m_host == Host::Application)
+            setAttribute(Qt::WA_QuitOnClose, isLastWindow());
         return;
     }
     keepLayout();

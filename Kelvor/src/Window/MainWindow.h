@@ -73,11 +73,13 @@ private:
     QAction* addHistoryMove(QMenu* menu, const QString& name, const HistoryMove& move);
     void fillPanelsMenu(QMenu* menu);
     void sceneChanged();
+    void fileNameChanged();
     void showWarnings();
     void updateTitle();
     void restoreLayout();
+    void restoreToolBars();
+    bool isLastWindow() const;
 
-    QString m_shownFile;
     const Layout m_layout;
     const Host m_host;
     QUndoStack* m_history;
@@ -91,4 +93,6 @@ private:
     HostShell m_shell;
     std::unique_ptr<HostPlugins> m_plugins;
     QPointer<PluginsDialog> m_pluginsDialog;
+    QString m_shownFile; ///< that the scene in the view comes from
+    QString m_standing;  ///< what the status bar tells while it tells nothing else
 };

@@ -1,6 +1,7 @@
 #include "PluginsDialog.h"
 
 #include "HostPlugins.h"
+#include "WindowDialogs.h"
 
 #include <KlvExtender/KlvExtension.h>
 #include <KlvExtender/KlvPlugin.h>
@@ -10,9 +11,7 @@
 
 #include <QDialogButtonBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QUndoStack>
@@ -178,8 +177,8 @@ QString PluginsDialog::currentFile() const
 
 void PluginsDialog::loadFromFile()
 {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Load Plug-in"), QString(),
-                                                      tr("Plug-ins (*.so);;All files (*)"));
+    const QString file =
+        chooseFile(this, tr("Load Plug-in"), QString(), tr("Plug-ins (*.so);;All files (*)"));
     if (!file.isEmpty())
         load(file);
 }
@@ -188,7 +187,7 @@ void PluginsDialog::load(const QString& file)
 {
     QString error;
     if (!m_plugins->loadAndRemember(file, &error))
-        QMessageBox::warning(this, windowTitle(), error);
+        warn(this, windowTitle(), error);
 }
 
 void PluginsDialog::loadCurrent()
@@ -204,9 +203,8 @@ void PluginsDialog::unloadCurrent()
         tr("Unloading the plug-in clears the history: %n step(s) can no longer be undone. "
            "What they changed stays. Unload it?",
            nullptr, steps);
-    if (steps > 0 &&
-        QMessageBox::question(this, windowTitle(), question, QMessageBox::Yes | QMessageBox::Cancel,
-                              QMessageBox::Cancel) != QMessageBox::Yes)
+    if (steps > 0 && ask(this, windowTitle(), question, QMessageBox::Yes | QMessageBox::Cancel,
+                         QMessageBox::Cancel) != QMessageBox::Yes)
         return;
     m_plugins->unload(findPlugin(file));
 }

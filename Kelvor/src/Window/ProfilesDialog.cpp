@@ -1,6 +1,7 @@
 #include "ProfilesDialog.h"
 
 #include "ProfileSettingsTree.h"
+#include "WindowDialogs.h"
 
 #include <KlvExtender/KlvPluginsManager.h>
 
@@ -9,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -227,6 +227,6 @@ void ProfilesDialog::accept()
 {
     const QString error = m_store->replace(m_entries, m_active);
     if (!error.isEmpty())
-        QMessageBox::warning(this, windowTitle(), error);
+        warn(this, windowTitle(), error);
     QDialog::accept();
 }
