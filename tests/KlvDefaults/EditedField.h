@@ -1,13 +1,8 @@
 #pragma once
 
-#include "CoinHelpers.h"
+#include "TestMain.h"
 
 #include <KlvExtender/KlvServices.h>
-
-#include <QApplication>
-#include <QLineEdit>
-#include <QUndoStack>
-#include <QVBoxLayout>
 
 /// An editor at work on one field, in a window that also has another input and is the active one. Its first
 /// line edit, if it has one, has the keyboard focus.

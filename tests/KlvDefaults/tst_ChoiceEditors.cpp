@@ -1,17 +1,10 @@
-// The editors of booleans, enumerations and bit masks.
+// The editors of enumerations and bit masks.
 
 #include "EditedField.h"
 #include "FieldEditors/SFWidgets/DvSFBitMaskWidget.h"
-#include "FieldEditors/SFWidgets/DvSFBoolWidget.h"
 #include "FieldEditors/SFWidgets/DvSFEnumWidget.h"
-#include "TestMain.h"
 
-#include <Inventor/nodes/SoCone.h>
-#include <Inventor/nodes/SoDrawStyle.h>
-#include <Inventor/nodes/SoFontStyle.h>
-
-#include <QCheckBox>
-#include <QComboBox>
+#include <KlvExtender/KlvContainerRef.h>
 
 class tst_ChoiceEditors : public QObject
 {
@@ -19,18 +12,6 @@ class tst_ChoiceEditors : public QObject
 
 private Q_SLOTS:
     void init() { QTest::failOnWarning(unexpectedWarnings()); }
-
-    void booleans()
-    {
-        SoSFBool field;
-        field.setValue(2);
-        Edited<DvSFBoolWidget> edited(&field);
-        auto* box = edited.widget->findChild<QCheckBox*>("m_box");
-        QVERIFY(box->isChecked());
-        QTest::keyClick(box, Qt::Key_Space);
-        edited.history->undo();
-        QCOMPARE(int(field.getValue()), 2);
-    }
 
     void enumerations()
     {
@@ -63,13 +44,8 @@ private Q_SLOTS:
     void bitMasks()
     {
         auto* cone = new SoCone;
-        cone->ref();
         auto* font = new SoFontStyle;
-        font->ref();
-        const auto release = qScopeGuard([=] {
-            cone->unref();
-            font->unref();
-        });
+        const KlvContainerRef owners[] = {KlvContainerRef(cone), KlvContainerRef(font)};
         cone->parts.setValue(SoCone::BOTTOM);
         Edited<DvSFBitMaskWidget> edited(&cone->parts);
         const auto states = [&edited] {

@@ -1,27 +1,12 @@
 // The capture of the standard streams, and the console that shows it.
 
-#include "CoinHelpers.h"
 #include "RecordingShell.h"
-#include "TestMain.h"
 
 #include <ConsoleText.h>
 #include <KlvConsole.h>
 
 #include <KlvExtender/SceneGraph/SoErrorStack.h>
 #include <KlvExtender/SceneGraph/SoGLError.h>
-
-#include <Inventor/errors/SoDebugError.h>
-#include <Inventor/errors/SoReadError.h>
-
-#include <QDockWidget>
-#include <QFileDialog>
-#include <QMessageBox>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QTemporaryDir>
-#include <QTextBlock>
-#include <QTextEdit>
-#include <QTimer>
 
 #include <iostream>
 #include <sstream>

@@ -1,17 +1,11 @@
 // Threads that write and report while the console comes and goes. Meant for the thread sanitizer.
 
 #include "RecordingShell.h"
-#include "TestMain.h"
 
 #include <KlvConsole.h>
 
-#include <Inventor/errors/SoError.h>
-
-#include <QTextEdit>
-
 #include <atomic>
 #include <chrono>
-#include <functional>
 #include <iostream>
 #include <mutex>
 #include <thread>

@@ -5,19 +5,9 @@
 #include "FieldEditors/MFWidgets/DvMFieldTable.h"
 #include "FieldEditors/MFWidgets/DvTableClipboard.h"
 #include "MultiValueWidgets.h"
-#include "TestMain.h"
 
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
 #include <KlvExtender/SceneGraph/SoFieldText.h>
-
-#include <Inventor/fields/SoMFString.h>
-#include <Inventor/nodes/SoLOD.h>
-#include <Inventor/nodes/SoMaterial.h>
-
-#include <QClipboard>
-#include <QPushButton>
-#include <QSlider>
-#include <QSpinBox>
 
 namespace {
 
@@ -147,12 +137,8 @@ private Q_SLOTS:
             QCOMPARE(bench.table->currentRow(), row + (key == Qt::Key_Tab ? 1 : 0));
             QCOMPARE(bench.history->count(), isRecorded ? std::max(steps, 1) : 0);
         }
-        // What is opened can be edited character by character, and closed as it is.
-        edit = bench.openEditor();
-        QVERIFY(edit && edit->isVisible());
-        QTest::keyClick(edit, Qt::Key_Return);
-        bench.settle();
-        edit = bench.open(0);
+        QTest::keyClick(bench.openEditor(), Qt::Key_Return);
+        edit = bench.open(0); // can be edited character by character
         QTest::keyClick(edit, Qt::Key_End);
         QTest::keyClick(edit, Qt::Key_Backspace);
         QCOMPARE(edit->text().size(), isString ? 0 : bench.elements()[0].size() - 1);
@@ -180,57 +166,41 @@ private Q_SLOTS:
         const Qt::KeyboardModifiers ctrlShift = Qt::ControlModifier | Qt::ShiftModifier;
         const auto moveDown = key(Qt::Key_Down, ctrlShift);
         QGuiApplication::clipboard()->setText("a\nb\nc\nd");
-        const struct
-        {
-            std::function<void()> operate;
-            const char* elements; // an empty one as "-"
-            int row;              // that is current then
-        } steps[] = {
-            {key(Qt::Key_Minus), "", -1},
-            {click("m_deleteButton"), "", -1},
-            {click("m_addButton"), "-", 0},
-            {key(Qt::Key_Plus), "--", 0},
-            {key(Qt::Key_Insert, Qt::AltModifier), "---", 0},
-            {key(Qt::Key_Delete), "--", 0},
-            {key(Qt::Key_Delete, Qt::AltModifier), "-", 0},
-            {key(Qt::Key_V, Qt::ControlModifier), "abcd", 0},
-            // From end to end and no further; the moved row stays current.
-            {moveDown, "bacd", 1},
-            {moveDown, "bcad", 2},
-            {moveDown, "bcda", 3},
-            {moveDown, "bcda", 3},
-            {click("m_upButton"), "bcad", 2},
-            {click("m_upButton"), "bacd", 1},
-            {key(Qt::Key_Up, ctrlShift), "abcd", 0},
-            {click("m_upButton"), "abcd", 0},
-            {click("m_downButton"), "bacd", 1},
-            {[&] {
-                 bench.select(1, 3);
-                 key(Qt::Key_Delete, Qt::ShiftModifier)();
-             },
-             "b", 0},
-            {click("m_deleteButton"), "", -1},
+        const auto deleteThree = [&] {
+            bench.select(1, 3);
+            key(Qt::Key_Delete, Qt::ShiftModifier)();
         };
+        // What is done, the elements then (an empty one as "-"), and the current row. Rows move from end to
+        // end and no further; the moved one stays current.
+        // clang-format off
+        const std::tuple<std::function<void()>, const char*, int> steps[] = {
+            {key(Qt::Key_Minus), "", -1}, {click("m_deleteButton"), "", -1}, {click("m_addButton"), "-", 0},
+            {key(Qt::Key_Plus), "--", 0}, {key(Qt::Key_Insert, Qt::AltModifier), "---", 0},
+            {key(Qt::Key_Delete), "--", 0}, {key(Qt::Key_Delete, Qt::AltModifier), "-", 0},
+            {key(Qt::Key_V, Qt::ControlModifier), "abcd", 0}, {moveDown, "bacd", 1}, {moveDown, "bcad", 2},
+            {moveDown, "bcda", 3}, {moveDown, "bcda", 3}, {click("m_upButton"), "bcad", 2},
+            {click("m_upButton"), "bacd", 1}, {key(Qt::Key_Up, ctrlShift), "abcd", 0},
+            {click("m_upButton"), "abcd", 0}, {click("m_downButton"), "bacd", 1}, {deleteThree, "b", 0},
+            {click("m_deleteButton"), "", -1}};
+        // clang-format on
         const auto elements = [&list] {
             return stringsOf(list).replaceInStrings(QRegularExpression("^$"), "-").join("");
         };
         QStringList states = {""};
-        for (const auto& step : steps) {
-            step.operate();
+        for (const auto& [operate, expected, row] : steps) {
+            operate();
             bench.settle();
-            QCOMPARE(elements(), step.elements);
-            QCOMPARE(bench.table->currentRow(), step.row);
-            if (states.last() != step.elements)
-                states += step.elements;
+            QCOMPARE(elements(), expected);
+            QCOMPARE(bench.table->currentRow(), row);
+            if (states.last() != expected)
+                states += expected;
             QCOMPARE(bench.history->count(), states.size() - 1);
         }
-        // Back and forth through all of them.
-        for (const auto walk : {&QUndoStack::undo, &QUndoStack::redo}) {
-            for (qsizetype i = 1; i < states.size(); ++i) {
-                (bench.history->*walk)();
-                bench.settle();
-                QCOMPARE(elements(), states[bench.history->index()]);
-            }
+        // Back through all of them; the table follows.
+        while (bench.history->canUndo()) {
+            bench.history->undo();
+            bench.settle();
+            QCOMPARE(elements(), states[bench.history->index()]);
         }
     }
 
@@ -291,43 +261,37 @@ private Q_SLOTS:
     void clipboard()
     {
         const QStringList abc = {"a", "b", "c"};
-        const struct
-        {
-            QStringList elements;
-            const char* text;
-            int row, selected;
-            QStringList result;
-        } pastes[] = {
+        // The elements, what is pasted, the current row, how many are selected, and the elements then.
+        const std::tuple<QStringList, const char*, int, int, QStringList> pastes[] = {
             {abc, "x", 1, 1, {"a", "x", "c"}},
             {abc, "x\ty\r\nz\n", 0, 1, {"x", "y", "z"}},
             {abc, "x\n\ny", 2, 1, {"a", "b", "x", "", "y"}},
             {{}, "x\ty", -1, 0, {"x", "y"}},
-            {abc, "x", 1, 2, {"a", "x", "x"}}, // fills the selection
+            {abc, "x", 1, 2, {"a", "x", "x"}},
             {abc, "x\ny\nz", 0, 2, {"x", "y", "z"}},
             {abc, "\"x\"\n\"y\tz\"\n\"1 \"\"2\n3\"\"\"", 0, 1, {"\"x\"", "y\tz", "1 \"2\n3\""}},
             {abc, "\"x\r\ny\"\n\"\"\"z\"\"\"\n\n", 0, 1, {"x\r\ny", "\"z\"", ""}},
-            {abc, "", 0, 1, abc},
-        };
-        for (const auto& paste : pastes) {
+            {abc, "", 0, 1, abc}};
+        for (const auto& [elements, text, row, selected, result] : pastes) {
             SoMFString list;
-            for (const QString& element : paste.elements)
+            for (const QString& element : elements)
                 list.set1Value(list.getNum(), element.toUtf8().constData());
             Bench bench(list, new DvMFStringWidget(nullptr));
-            if (paste.row >= 0)
-                bench.select(paste.row, paste.selected);
-            QGuiApplication::clipboard()->setText(paste.text);
+            if (row >= 0)
+                bench.select(row, selected);
+            QGuiApplication::clipboard()->setText(text);
             QTest::keyClick(bench.table, Qt::Key_V, Qt::ControlModifier);
             bench.settle();
-            QCOMPARE(stringsOf(list), paste.result);
-            QCOMPARE(bench.history->count(), paste.result == paste.elements ? 0 : 1);
+            QCOMPARE(stringsOf(list), result);
+            QCOMPARE(bench.history->count(), result == elements ? 0 : 1);
             bench.select(0, list.getNum());
             QTest::keyClick(bench.table, Qt::Key_C, Qt::ControlModifier);
             QStringList copied;
             for (const QStringList& line : DvTableClipboard::split(QGuiApplication::clipboard()->text()))
                 copied += line;
-            QCOMPARE(copied, paste.result);
+            QCOMPARE(copied, result);
             bench.history->undo();
-            QCOMPARE(stringsOf(list), paste.elements);
+            QCOMPARE(stringsOf(list), elements);
         }
     }
 

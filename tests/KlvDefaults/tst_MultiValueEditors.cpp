@@ -1,20 +1,13 @@
-// The editors of multi-value fields but for their tables at work: what they show of a field, which fields
-// they take, how the text of a cell becomes an element, and the buttons.
+// The editors of multi-value fields at work, but for their tables.
 
 #include "EditedField.h"
 #include "FieldEditors/MFWidgets/AccessButtonPrivate.h"
 #include "FieldEditors/MFWidgets/DvMFColorTable.h"
 #include "MultiValueWidgets.h"
-#include "TestMain.h"
 
 #include <KlvExtender/SceneGraph/SoFieldText.h>
 
 #include <Inventor/VRMLnodes/SoVRMLText.h>
-#include <Inventor/errors/SoReadError.h>
-#include <Inventor/fields/SoFields.h>
-
-#include <QLabel>
-#include <QPushButton>
 
 namespace {
 

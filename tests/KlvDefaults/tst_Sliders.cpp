@@ -5,13 +5,6 @@
 #include "FieldEditors/DvRealSlider.h"
 #include "FieldEditors/DvUIntSlider.h"
 #include "FieldEditors/SFWidgets/DvSFFloatWidget.h"
-#include "TestMain.h"
-
-#include <Inventor/nodes/SoComplexity.h>
-#include <Inventor/nodes/SoCone.h>
-
-#include <QCheckBox>
-#include <QSlider>
 
 #include <cmath>
 #include <limits>
@@ -191,34 +184,30 @@ private Q_SLOTS:
 
     void integers()
     {
-        const struct
-        {
-            int type;
-            qint64 shown;
-            const char* typed;
-            qint64 value;
-        } rows[] = {{1, 5, "-2147483648", INT_MIN}, {1, INT_MIN, "2147483648", INT_MIN},
-                    {2, UINT_MAX, "-3", 3},         {3, -32768, "32767", 32767},
-                    {4, 65535, "65536", 65535},     {2, 5, "\b", 5},
-                    {2, 5, "4294967295", UINT_MAX}, {2, UINT_MAX, "4294967294", UINT_MAX - 1}};
+        // Type, value at first, what is typed, and the value then.
+        const std::tuple<int, qint64, const char*, qint64> rows[] = {
+            {1, 5, "-2147483648", INT_MIN}, {1, INT_MIN, "2147483648", INT_MIN},
+            {2, UINT_MAX, "-3", 3},         {3, -32768, "32767", 32767},
+            {4, 65535, "65536", 65535},     {2, 5, "\b", 5},
+            {2, 5, "4294967295", UINT_MAX}, {2, UINT_MAX, "4294967294", UINT_MAX - 1}};
         QLocale::setDefault(QLocale(QLocale::German));
-        for (const auto& row : rows) {
+        for (const auto& [type, shown, typed, value] : rows) {
             Owner owner;
             const auto run = [&](auto integer) {
-                integer.frame->setValue(QString::number(row.shown));
-                QCOMPARE(integer.line->text(), QString::number(row.shown));
-                integer.type(row.typed);
-                QCOMPARE(qint64(integer.frame->getIntValue()), row.value);
-                QCOMPARE(integer.line->text(), QString::number(row.value));
-                QCOMPARE(owner.calls, row.value == row.shown ? QStringList() : Once);
+                integer.frame->setValue(QString::number(shown));
+                QCOMPARE(integer.line->text(), QString::number(shown));
+                integer.type(typed);
+                QCOMPARE(qint64(integer.frame->getIntValue()), value);
+                QCOMPARE(integer.line->text(), QString::number(value));
+                QCOMPARE(owner.calls, value == shown ? QStringList() : Once);
                 // From one end to the other the slider reaches both.
                 integer.slider->setValue(integer.slider->minimum());
                 QVERIFY(integer.frame->getIntValue() <= 0);
                 integer.slider->setValue(integer.slider->maximum());
-                QVERIFY(integer.frame->getIntValue() >= qMax(row.value, row.shown));
+                QVERIFY(integer.frame->getIntValue() >= qMax(value, shown));
             };
-            const auto kind = DvSlider::SliderType(row.type);
-            if (row.type % 2)
+            const auto kind = DvSlider::SliderType(type);
+            if (type % 2)
                 run(Shown<DvIntSlider>(100, false, kind, DvSlider::SingleValue, &owner, nullptr, 0, 1));
             else
                 run(Shown<DvUIntSlider>(100, false, kind, DvSlider::SingleValue, &owner, nullptr, 0, 1));

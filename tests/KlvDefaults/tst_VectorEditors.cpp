@@ -1,5 +1,4 @@
-// The editors of vectors, planes and rotations: what they show, what typing does to the field and what it
-// leaves.
+// The editors of vectors, planes and rotations: what they show, and what typing does to the field.
 
 #include "EditedField.h"
 #include "FieldEditors/SFWidgets/DvSFPlaneWidget.h"
@@ -8,14 +7,6 @@
 #include "FieldEditors/SFWidgets/DvSFVec2sWidget.h"
 #include "FieldEditors/SFWidgets/DvSFVec3fWidget.h"
 #include "FieldEditors/SFWidgets/DvSFVec4fWidget.h"
-#include "TestMain.h"
-
-#include <Inventor/errors/SoDebugError.h>
-#include <Inventor/fields/SoSFPlane.h>
-#include <Inventor/fields/SoSFRotation.h>
-
-#include <QLabel>
-#include <QSpinBox>
 
 namespace {
 
@@ -35,14 +26,12 @@ void enter(QLineEdit* edit, const char* text, Qt::Key key)
     QTest::keyClick(edit, key);
 }
 
-/// Shows a value, with its captions, and commits it without having typed anything.
+/// Shows a value, with its captions, from its first digit on.
 template <typename Editor, typename Field>
-void showAndReturn(const char* value, const QStringList& texts, const QStringList& captions)
+void show(const char* value, const QStringList& texts, const QStringList& captions)
 {
     Field field;
     QVERIFY(field.set(value));
-    field.setDefault(TRUE);
-    const Field before = field;
     Edited<Editor> edited(&field);
     const auto edits = edited.widget->template findChildren<QLineEdit*>();
     QCOMPARE(textsOf(edits), texts);
@@ -50,13 +39,8 @@ void showAndReturn(const char* value, const QStringList& texts, const QStringLis
         QCOMPARE(edited.widget->template findChildren<QLabel*>()[i + 1]->text(),
                  "<p>" + captions[i] + "</p>");
         QCOMPARE(edits[i]->accessibleName(), captions[i]);
-        if (i == 0)
-            QCOMPARE(edits[i]->cursorPosition(), 0);
-        QTest::keyClick(edits[i], Qt::Key_Return);
-        QTest::keyClick(edits[i], Qt::Key_Tab);
     }
-    processSensors();
-    QVERIFY(field == before && field.isDefault() && edited.history->count() == 0);
+    QCOMPARE(edits[0]->cursorPosition(), 0);
 }
 
 } // namespace
@@ -68,19 +52,18 @@ class tst_VectorEditors : public QObject
 private Q_SLOTS:
     void init() { QTest::failOnWarning(unexpectedWarnings()); }
 
-    void shownAndKept()
+    void shown()
     {
-        showAndReturn<DvSFVec2fWidget, SoSFVec2f>("1234567 0.5", {"1.23457e+06", "0.5"}, {"x", "y"});
-        showAndReturn<DvSFVec3fWidget, SoSFVec3f>("0.00012345678 -1e-30 3.4028234e38",
-                                                  {"0.000123457", "-1e-30", "3.40282e+38"}, {"x", "y", "z"});
-        showAndReturn<DvSFVec4fWidget, SoSFVec4f>("0.1 0 1e-44 7", {"0.1", "0", "9.80909e-45", "7"},
-                                                  {"x", "y", "z", "w"});
-        showAndReturn<DvSFPlaneWidget, SoSFPlane>(
-            "1 2 3 4.00000048", {"0.267261", "0.534522", "0.801784", "4"}, {"x", "y", "z", "distance"});
-        showAndReturn<DvSFRotationWidget, SoSFRotation>("0 0 1 0", {"0", "0", "1", "0"},
-                                                        {"x", "y", "z", "radians"});
-        showAndReturn<DvSFRotationWidget, SoSFRotation>("1 2 3 4", {"0.267261", "0.534522", "0.801784", "4"},
-                                                        {"x", "y", "z", "radians"});
+        show<DvSFVec2fWidget, SoSFVec2f>("1234567 0.5", {"1.23457e+06", "0.5"}, {"x", "y"});
+        show<DvSFVec3fWidget, SoSFVec3f>("0.00012345678 -1e-30 3.4028234e38",
+                                         {"0.000123457", "-1e-30", "3.40282e+38"}, {"x", "y", "z"});
+        show<DvSFVec4fWidget, SoSFVec4f>("0.1 0 1e-44 7", {"0.1", "0", "9.80909e-45", "7"},
+                                         {"x", "y", "z", "w"});
+        show<DvSFPlaneWidget, SoSFPlane>("1 2 3 4.00000048", {"0.267261", "0.534522", "0.801784", "4"},
+                                         {"x", "y", "z", "distance"});
+        show<DvSFRotationWidget, SoSFRotation>("0 0 1 0", {"0", "0", "1", "0"}, {"x", "y", "z", "radians"});
+        show<DvSFRotationWidget, SoSFRotation>("1 2 3 4", {"0.267261", "0.534522", "0.801784", "4"},
+                                               {"x", "y", "z", "radians"});
     }
 
     void othersKeepTheirDigits()
@@ -118,21 +101,14 @@ private Q_SLOTS:
         SoSFVec2f field;
         field.setValue(0.5f, 1.0f / 3);
         Edited<DvSFVec2fWidget> edited(&field);
-        struct
-        {
-            const char* text;
-            Qt::Key key;
-            const char* shown;
-            float x;
-        } const rows[] = {
+        const std::tuple<const char*, Qt::Key, const char*, float> rows[] = {
             {"7", Qt::Key_Return, "7", 7},
-            {"0.5", Qt::Key_Return, "0.5", 0.5f}, // again, with no refresh in between
+            {"0.5", Qt::Key_Return, "0.5", 0.5f},
             {"1e39", Qt::Key_Return, "1e39", 0.5f},
             {"1e", Qt::Key_Tab, "0.5", 0.5f},
             {"0.000123458", Qt::Key_Tab, "0.000123458", 0.000123458f},
             {"-1.5e-7", Qt::Key_Tab, "-1.5e-7", -1.5e-7f},
-            {"0.1234567", Qt::Key_Return, "0.123456", 0.123456f},
-        };
+            {"0.1234567", Qt::Key_Return, "0.123456", 0.123456f}};
         for (const auto& [text, key, shown, x] : rows) {
             enter(edited.line, text, key);
             QCOMPARE(edited.line->text(), QString::fromLatin1(shown));

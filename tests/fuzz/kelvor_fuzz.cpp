@@ -9,13 +9,7 @@
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
 #include <KlvExtender/SceneGraph/SoFieldText.h>
 
-#include <Inventor/errors/SoReadError.h>
-#include <Inventor/fields/SoFields.h>
 #include <Inventor/lists/SoTypeList.h>
-
-#include <QClipboard>
-#include <QFile>
-#include <QLineEdit>
 
 #include <cstdio>
 #include <random>

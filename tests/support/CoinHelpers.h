@@ -1,10 +1,8 @@
 #pragma once
 
-#include <Inventor/SoDB.h>
-#include <Inventor/SoInput.h>
-#include <Inventor/errors/SoError.h>
-#include <Inventor/fields/SoField.h>
-#include <Inventor/nodes/SoSeparator.h>
+#include <Inventor/errors/SoErrors.h>
+#include <Inventor/fields/SoFields.h>
+#include <Inventor/nodes/SoNodes.h>
 #include <Inventor/sensors/SoFieldSensor.h>
 #include <Inventor/sensors/SoSensorManager.h>
 

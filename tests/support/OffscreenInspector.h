@@ -1,20 +1,11 @@
 #pragma once
 
-#include "CoinHelpers.h"
 #include "TestMain.h"
 
 #include "Window/HostPlugins.h"
 #include "Window/MainWindow.h"
 
 #include <KlvExtender/KlvServices.h>
-
-#include <QAction>
-#include <QCommandLineParser>
-#include <QDockWidget>
-#include <QSettings>
-#include <QTableWidget>
-#include <QTemporaryDir>
-#include <QUndoStack>
 
 #include <cstdio>
 

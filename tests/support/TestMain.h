@@ -1,11 +1,13 @@
 #pragma once
 
-#include <Inventor/SoDB.h>
+// What nearly every test uses, so that tests need not list it one by one.
+#include "CoinHelpers.h"
+
 #include <Inventor/SoInteraction.h>
 
-#include <QApplication>
-#include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTest>
+#include <QtWidgets>
 
 /// Warnings that a test fails on: all, but for what Qt's offscreen platform says of itself when a window is
 /// shown.

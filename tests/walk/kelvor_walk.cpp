@@ -18,9 +18,6 @@
 #include <Inventor/engines/SoEngine.h>
 #include <Inventor/engines/SoNodeEngine.h>
 
-#include <QDirIterator>
-
-#include <algorithm>
 #include <cstdio>
 #include <random>
 
