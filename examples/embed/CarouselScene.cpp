@@ -4,6 +4,7 @@
 #include <Inventor/engines/SoElapsedTime.h>
 #include <Inventor/nodes/SoCone.h>
 #include <Inventor/nodes/SoCylinder.h>
+#include <Inventor/nodes/SoDirectionalLight.h>
 #include <Inventor/nodes/SoMaterial.h>
 #include <Inventor/nodes/SoPerspectiveCamera.h>
 #include <Inventor/nodes/SoRotationXYZ.h>
@@ -52,7 +53,10 @@ SoSeparator* makeCarousel(int horses)
     auto* platform = new SoCylinder;
     platform->radius = 5.0f;
     platform->height = 0.2f;
+    auto* light = new SoDirectionalLight;
+    light->direction.setValue(-0.4f, -0.8f, -0.5f);
     root->addChild(camera);
+    root->addChild(light);
     root->addChild(turn);
     root->addChild(platform);
     for (int i = 0; i < horses; ++i)

@@ -70,9 +70,10 @@ ChangesPanel::ChangesPanel(QWidget* parent)
     m_view->setItemDelegateForColumn(ChangesModel::NodeColumn, new PathDelegate(m_view));
     QHeaderView* header = m_view->header();
     // All columns are seen in a narrow dock, too.
-    header->resizeSection(ChangesModel::NodeColumn, 110);
-    header->resizeSection(ChangesModel::FieldColumn, 95);
-    header->resizeSection(ChangesModel::OriginalColumn, 80);
+    header->resizeSection(ChangesModel::NodeColumn, 130);
+    header->resizeSection(ChangesModel::FieldColumn, 90);
+    header->resizeSection(ChangesModel::OriginalColumn, 70);
+    header->resizeSection(ChangesModel::NowColumn, 60);
 
     auto* empty = new QLabel(tr("Nothing has been edited here since the scene was opened."));
     empty->setAlignment(Qt::AlignCenter);

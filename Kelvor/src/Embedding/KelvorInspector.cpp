@@ -14,7 +14,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <climits>
 #include <utility>
 
 namespace {
@@ -41,14 +40,19 @@ public:
     MainWindow window{MainWindow::Layout::Kept, MainWindow::Host::Application};
     RootWatch rootWatch{window.document()};
     SensorFallback sensors;
-    int outermostLoop = INT_MAX; ///< level of the outermost event loop that has turned since it was opened
+    int outermostLoop = QThread::currentThread()->loopLevel(); ///< that has turned since it was opened
     bool closing = false;
 };
 
 void KelvorInspector::Private::noteLoop()
 {
-    // Without a running loop the application turns the events over by itself, or will run one yet.
-    outermostLoop = std::min(outermostLoop, std::max(QThread::currentThread()->loopLevel(), 1));
+    const int level = QThread::currentThread()->loopLevel();
+    outermostLoop = std::min(outermostLoop, level);
+    // Where none ran at first, the application may have begun its own by now, or turns the events over by
+    // itself and this is the loop of a dialog.
+    if (outermostLoop == 0 && !closing && !QApplication::activeModalWidget() &&
+        !QApplication::activePopupWidget())
+        outermostLoop = level;
 }
 
 /// Whether no event loop has been started from within the window and still runs.
