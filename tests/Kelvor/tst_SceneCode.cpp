@@ -98,7 +98,7 @@ private Q_SLOTS:
         engine->setName("Clock");
         auto* gone = new SoMaterial;
         gone->ref();
-        SoField* global = SoDB::createGlobalField("speed limit", SoSFFloat::getClassTypeId());
+        SoField* global = SoDB::getGlobalField("realTime");
         SoField* held = m_root->getChild(2)->getField("vertexProperty");
         QCOMPARE(SceneCode::cppStatement(*held),
                  QString("// vertexProperty cannot be set from text: VertexProperty"));
@@ -107,7 +107,7 @@ private Q_SLOTS:
         QVERIFY(code.contains("clock = static_cast<SoElapsedTime*>(SoEngine::getByName(\"Clock\"));"));
         QVERIFY(code.contains("// Material is neither in the scene nor found by a name: put it here.\n"
                               "SoMaterial* material = nullptr;\n"));
-        QVERIFY(code.contains("static_cast<SoSFFloat*>(SoDB::getGlobalField(\"speed"));
+        QVERIFY(code.contains("static_cast<SoSFTime*>(SoDB::getGlobalField(\"realTime"));
         // Engines do not stand for themselves in a file.
         QVERIFY(
             SceneCode::inventorText(fields, nullptr).contains("# DEF Clock ElapsedTime {\n#     speed 1"));

@@ -50,8 +50,7 @@ void KelvorInspector::Private::noteLoop()
     outermostLoop = std::min(outermostLoop, level);
     // Where none ran at first, the application may have begun its own by now, or turns the events over by
     // itself and this is the loop of a dialog.
-    if (outermostLoop == 0 && !closing && !QApplication::activeModalWidget() &&
-        !QApplication::activePopupWidget())
+    if (level == 1 && !QApplication::activeModalWidget() && !QApplication::activePopupWidget())
         outermostLoop = level;
 }
 
