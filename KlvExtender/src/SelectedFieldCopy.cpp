@@ -132,7 +132,7 @@ void SelectedFieldCopy::noteChange()
 
 bool SelectedFieldCopy::canUpdate() const
 {
-    return m_copy && m_copy.use_count() == 1 && m_changed.end < ElementRange().end;
+    return elementsOf(m_field) && m_copy && m_copy.use_count() == 1 && m_changed.end < ElementRange().end;
 }
 
 qint64 SelectedFieldCopy::limit() const
