@@ -325,12 +325,14 @@ private:
         SoField* source = pick(3) ? field(node()) : SoDB::getGlobalField("realTime");
         if (!target || !source || target->isConnected())
             return target ? target->disconnect() : void();
-        // Nothing that goes round in circles, over connections or nodes, nor what Coin cannot convert.
+        // Nothing that goes round in circles, over connections or nodes, nor what Coin cannot convert: a time
+        // beyond all years ends it where it is to become a text.
         SoFieldList targets;
         const SoType from = source->getTypeId();
         const SoType to = target->getTypeId();
         if (source != target && !source->isConnected() && target->getForwardConnections(targets) == 0 &&
             !QString(to.getName().getString()).endsWith("FNode") &&
+            !QString(to.getName().getString()).endsWith("FString") &&
             (from == to || SoDB::getConverter(from, to) != SoType::badType()))
             target->connectFrom(source);
     }
