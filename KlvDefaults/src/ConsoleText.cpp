@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QScrollBar>
+#include <QStringTokenizer>
 #include <QTextDocument>
 #include <QTextEdit>
 
@@ -17,6 +18,12 @@ QColor legible(const QColor& color, const QPalette& palette)
     if (palette.color(QPalette::Base).lightness() >= middle)
         return color;
     return QColor::fromHsl(color.hslHue(), color.hslSaturation(), lightOnDark);
+}
+
+/// A line whose newline was the second half of a line end.
+QStringView withoutReturn(QStringView line)
+{
+    return line.endsWith(u'\r') ? line.chopped(1) : line;
 }
 
 } // namespace
@@ -49,10 +56,12 @@ void ConsoleText::setMaximumLines(int lines)
 void ConsoleText::appendParagraph(const QString& text, const QColor& color)
 {
     beginEdit(color);
-    beginLine();
-    insert(text);
+    for (const QStringView line : QStringView(text).tokenize(u'\n')) {
+        beginLine();
+        insert(withoutReturn(line));
+        cut();
+    }
     m_openStream = noStream;
-    cut();
 }
 
 void ConsoleText::appendStreamText(QStringView text, const QColor& color, int stream)
@@ -60,16 +69,19 @@ void ConsoleText::appendStreamText(QStringView text, const QColor& color, int st
     beginEdit(color);
     while (!text.isEmpty()) {
         const qsizetype newline = text.indexOf(u'\n');
-        QStringView line = newline < 0 ? text : text.first(newline);
-        if (newline >= 0 && line.endsWith(u'\r'))
-            line.chop(1);
         if (m_openStream != stream)
             beginLine();
-        insert(line);
+        insert(newline < 0 ? text : withoutReturn(text.first(newline)));
         m_openStream = newline < 0 ? stream : noStream;
         text = text.sliced(newline < 0 ? text.size() : newline + 1);
         cut();
     }
+}
+
+void ConsoleText::endLine(int stream)
+{
+    if (m_openStream == stream)
+        m_openStream = noStream;
 }
 
 void ConsoleText::clear()
@@ -127,7 +139,9 @@ void ConsoleText::beginLine()
 void ConsoleText::insert(QStringView text)
 {
     while (m_lineLength + text.size() > maximumLineLength) {
-        const QStringView first = text.first(maximumLineLength - m_lineLength);
+        QStringView first = text.first(maximumLineLength - m_lineLength);
+        if (!first.isEmpty() && first.back().isHighSurrogate()) // it and its other half are one character
+            first.chop(1);
         m_end.insertText(first.toString(), m_format);
         text = text.sliced(first.size());
         beginLine();

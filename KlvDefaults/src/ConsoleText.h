@@ -30,11 +30,13 @@ public:
     int maximumLines() const { return m_maximumLines; }
     void setMaximumLines(int lines);
 
-    /// Appends a paragraph.
+    /// Appends a paragraph, or several where the text has newlines.
     void appendParagraph(const QString& text, const QColor& color);
     /// Appends text of a stream, a number from 0. Newlines end lines; the text goes on with the stream's last
     /// line if this is not ended and nothing else came after it.
     void appendStreamText(QStringView text, const QColor& color, int stream);
+    /// What comes next of the stream begins a line of its own.
+    void endLine(int stream);
     /// Removes everything.
     void clear();
 

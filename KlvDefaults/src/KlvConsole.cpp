@@ -195,6 +195,8 @@ void KlvConsole::stopCapture()
         const std::string unfinished = std::exchange(m_unfinished[kind], {});
         if (!unfinished.empty())
             append({QString::fromStdString(unfinished), kind, ConsoleMessage::StreamText});
+        if (m_text)
+            m_text->endLine(kind);
     }
 }
 
@@ -217,8 +219,13 @@ KlvConsole::Style KlvConsole::style(int kind) const
 void KlvConsole::append(const ConsoleMessage& message)
 {
     const Style style = this->style(message.kind);
-    if (!style.shown || !m_text)
+    if (!m_text)
         return;
+    if (!style.shown) {
+        if (message.text.contains(u'\n'))
+            m_text->endLine(message.kind);
+        return;
+    }
     if (message.form == ConsoleMessage::StreamText)
         m_text->appendStreamText(message.text, style.color, message.kind);
     else

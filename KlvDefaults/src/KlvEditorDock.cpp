@@ -5,6 +5,10 @@
 #include <KlvExtender/KlvServices.h>
 #include <KlvExtender/KlvShell.h>
 
+#include <QScopedValueRollback>
+
+#include <utility>
+
 KlvEditorDock::KlvEditorDock(const QString& title, const char* signal, const char* slot)
     : m_title(title)
     , m_signal(signal)
@@ -68,25 +72,38 @@ void KlvEditorDock::hide()
 
 void KlvEditorDock::showEditorFor(SoTypedObject object)
 {
-    releaseEditor();
-    if (object.isNull() || !m_dock)
+    // An editor that is taken away commits what is being typed, and whoever hears of it may select again.
+    m_wanted = object;
+    if (m_isSwitching)
         return;
-    KlvEditor* editor = findEditor(object.getTypeId());
+    SoTypedObject shown;
+    do {
+        shown = m_wanted;
+        releaseEditor();
+        if (m_wanted == shown)
+            activateEditorFor(shown);
+    } while (m_wanted != shown);
+    if (m_editor)
+        show();
+}
+
+void KlvEditorDock::activateEditorFor(SoTypedObject object)
+{
+    KlvEditor* editor = object.isNull() || !m_dock ? nullptr : findEditor(object.getTypeId());
     if (!editor)
         return;
     m_editor = editor;
+    connect(editor, &KlvEditor::editedObjectLost, this, [this] { showEditorFor(nullptr); });
+    connect(editor, &QObject::destroyed, this, &KlvEditorDock::hide);
     // The editor may be another plug-in's.
+    const QScopedValueRollback switching(m_isSwitching, true);
     const bool activated = guarded([&] {
         editor->setEditedObject(object);
         m_dock->setWidget(editor->getWidget());
         editor->activate();
     });
-    if (!activated) {
+    if (!activated)
         releaseEditor();
-        return;
-    }
-    connect(editor, &KlvEditor::editedObjectLost, this, &KlvEditorDock::releaseEditor);
-    show();
 }
 
 KlvEditor* KlvEditorDock::findEditor(SoType type) const
@@ -107,15 +124,17 @@ KlvEditor* KlvEditorDock::findEditor(SoType type) const
 
 void KlvEditorDock::releaseEditor()
 {
-    if (!m_editor)
+    const QPointer<KlvEditor> editor = std::exchange(m_editor, nullptr);
+    if (!editor)
         return;
-    disconnect(m_editor, &KlvEditor::editedObjectLost, this, nullptr);
-    guarded([this] { m_editor->deactivate(); });
-    guarded([this] { m_editor->setEditedObject(nullptr); });
+    const QScopedValueRollback switching(m_isSwitching, true);
+    editor->disconnect(this);
+    guarded([&] { editor->deactivate(); });
+    if (editor)
+        guarded([&] { editor->setEditedObject(nullptr); });
     if (m_dock)
         m_dock->setWidget(nullptr);
-    if (QWidget* widget = m_editor->getWidget())
+    if (QWidget* widget = editor ? editor->getWidget() : nullptr)
         widget->setParent(nullptr);
-    m_editor = nullptr;
     hide();
 }

@@ -41,6 +41,8 @@ private:
     /// The controlled editor whose handled type is the most derived one that `type` is derived from; the last
     /// of several for the same type. Null when there is none.
     KlvEditor* findEditor(SoType type) const;
+    /// Puts the editor for the object, if there is one, into the empty dock.
+    void activateEditorFor(SoTypedObject object);
     /// Empties and hides the dock. Does nothing when it shows no editor.
     void releaseEditor();
 
@@ -49,4 +51,6 @@ private:
     const char* const m_slot;
     QPointer<QDockWidget> m_dock;
     QPointer<KlvEditor> m_editor;
+    SoTypedObject m_wanted; ///< the selection as last heard of; only compared, it may be gone
+    bool m_isSwitching = false;
 };

@@ -10,7 +10,7 @@ class KlvProfile;
 
 /// A tool bar with a list of the profiles that makes the chosen one active.
 ///
-/// The list is filled when the extension is activated and does not follow later changes of the profiles.
+/// The list is filled when the extension is activated, and anew when profiles come, go or are renamed.
 class KlvProfileSelectorExtension : public KlvExtension
 {
     Q_OBJECT
@@ -34,7 +34,7 @@ public:
 public Q_SLOTS:
     /// Makes the profile at `index` of the manager's present list active; an index beyond it changes nothing.
     /// Every profile up to and including that one is listed once more at the end: the list grows with each
-    /// choice until the next activation, kept for those who rely on it.
+    /// choice until it is filled again, kept for those who rely on it.
     void s_currentIndexChanged(int index);
 
 private Q_SLOTS:

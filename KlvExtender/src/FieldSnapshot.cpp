@@ -6,12 +6,7 @@
 
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
 
-#include <Inventor/engines/SoEngine.h>
-#include <Inventor/fields/SoMFEngine.h>
-#include <Inventor/fields/SoMFNode.h>
-#include <Inventor/fields/SoSFEngine.h>
-#include <Inventor/fields/SoSFNode.h>
-#include <Inventor/nodes/SoNode.h>
+#include <Inventor/fields/SoMField.h>
 
 #include <algorithm>
 #include <tuple>
@@ -24,19 +19,6 @@ constexpr std::size_t largeFieldBytes = std::size_t(64) << 10;
 const SoMField& elementsOf(const SoField& field)
 {
     return static_cast<const SoMField&>(field);
-}
-
-/// Counts what a field refers to as referenced by the inspector, where it is of one of these types.
-template <class Single, class Multi>
-void count(const SoField& field, std::vector<KlvContainerRef>& counted)
-{
-    if (field.isOfType(Single::getClassTypeId()))
-        counted.push_back(KlvContainerRef::countingOther(static_cast<const Single&>(field).getValue()));
-    if (!field.isOfType(Multi::getClassTypeId()))
-        return;
-    const auto& list = static_cast<const Multi&>(field);
-    for (int i = 0; i < list.getNum(); ++i)
-        counted.push_back(KlvContainerRef::countingOther(list[i]));
 }
 
 /// Those of a range that a field with so many elements has.
@@ -96,7 +78,7 @@ FieldSnapshot::FieldSnapshot(std::unique_ptr<SoField> copy, const SoField& field
     : m_copy(std::move(copy))
 {
     takeFlags(field);
-    countObjects();
+    m_counted = KlvContainerRef::countingAllOf(*m_copy);
 }
 
 FieldSnapshot::~FieldSnapshot()
@@ -156,7 +138,7 @@ void FieldSnapshot::update(const SoMField& field, ElementRange changed)
     copyElementValues(copy, part.begin, field, part.begin, part.count());
     addBytes(qint64(elementsByteSize(copy, part.begin, part.count())));
     takeFlags(field);
-    countObjects();
+    m_counted = KlvContainerRef::countingAllOf(*m_copy);
 }
 
 void FieldSnapshot::keepAsOriginal() const
@@ -204,10 +186,4 @@ void FieldSnapshot::addBytes(qint64 bytes)
 {
     m_bytes += bytes;
     (m_isOriginal ? s_originalBytes : s_stepBytes) += bytes;
-}
-
-void FieldSnapshot::countObjects()
-{
-    count<SoSFNode, SoMFNode>(*m_copy, m_counted);
-    count<SoSFEngine, SoMFEngine>(*m_copy, m_counted);
 }

@@ -77,7 +77,6 @@ private:
     void restoreElements(SoMField& field) const;
     void takeFlags(const SoField& field);
     void addBytes(qint64 bytes);
-    void countObjects();
 
     std::unique_ptr<SoField> m_copy;
     std::vector<KlvContainerRef> m_counted; ///< the nodes and engines that the copy refers to

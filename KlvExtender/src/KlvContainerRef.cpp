@@ -1,6 +1,11 @@
 #include <KlvExtender/KlvContainerRef.h>
 
-#include <Inventor/fields/SoFieldContainer.h>
+#include <Inventor/engines/SoEngine.h>
+#include <Inventor/fields/SoMFEngine.h>
+#include <Inventor/fields/SoMFNode.h>
+#include <Inventor/fields/SoSFEngine.h>
+#include <Inventor/fields/SoSFNode.h>
+#include <Inventor/nodes/SoNode.h>
 
 #include <QHash>
 
@@ -12,6 +17,18 @@ QHash<const SoFieldContainer*, int>& ownReferences()
 {
     static QHash<const SoFieldContainer*, int> references;
     return references;
+}
+
+template <class Single, class Multi>
+void count(const SoField& field, std::vector<KlvContainerRef>& counted)
+{
+    if (field.isOfType(Single::getClassTypeId()))
+        counted.push_back(KlvContainerRef::countingOther(static_cast<const Single&>(field).getValue()));
+    if (!field.isOfType(Multi::getClassTypeId()))
+        return;
+    const auto& list = static_cast<const Multi&>(field);
+    for (int i = 0; i < list.getNum(); ++i)
+        counted.push_back(KlvContainerRef::countingOther(list[i]));
 }
 
 } // namespace
@@ -56,6 +73,14 @@ KlvContainerRef KlvContainerRef::countingOther(SoFieldContainer* container)
     counted.m_owns = false;
     if (container)
         ++ownReferences()[container];
+    return counted;
+}
+
+std::vector<KlvContainerRef> KlvContainerRef::countingAllOf(const SoField& field)
+{
+    std::vector<KlvContainerRef> counted;
+    count<SoSFNode, SoMFNode>(field, counted);
+    count<SoSFEngine, SoMFEngine>(field, counted);
     return counted;
 }
 

@@ -133,6 +133,22 @@ private Q_SLOTS:
         QCOMPARE(shown({"caf\xe9", "\n", "f\xe4", "r"}), QStringLiteral("caf\uFFFD\nf\uFFFDr"));
         QCOMPARE(shown({"\n\nwin\r\n", "x"}), QStringLiteral("\n\nwin\nx"));
         QCOMPARE(shown({QByteArray(20000, 'x')}).indexOf('\n'), ConsoleText::maximumLineLength);
+
+        // A line ends unseen, too; only long lines are broken, and none within a character.
+        m_console->clear();
+        std::cout << "seen";
+        m_console->outputInfos();
+        std::cout << "unseen\n";
+        m_console->outputInfos();
+        std::cout << "seen again\n";
+        m_console->printInfo(QString("short line\n").repeated(2000).chopped(1));
+        m_console->printInfo(QString(ConsoleText::maximumLineLength - 1, 'x') +
+                             QString::fromUtf8("\U0001F600"));
+        const QStringList lines = text().split('\n');
+        QCOMPARE(lines.size(), 2004);
+        QCOMPARE(lines.first(2), QStringList({"seen", "seen again"}));
+        QCOMPARE(lines.count("short line"), 2000);
+        QVERIFY(lines[2003].isValidUtf16());
     }
 
     void mixedStreams()

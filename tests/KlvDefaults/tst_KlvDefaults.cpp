@@ -2,6 +2,7 @@
 
 #include "RecordingShell.h"
 
+#include <KlvExtender/KlvContainerRef.h>
 #include <KlvExtender/KlvEditor.h>
 #include <KlvExtender/KlvPlugin.h>
 #include <KlvExtender/KlvPluginsManager.h>
@@ -126,6 +127,52 @@ private Q_SLOTS:
                  QStringLiteral("removeDockWidget %1,extensionDeactivated %1").arg(title));
         m_manager->unloadPlugin(m_plugin);
         QVERIFY(!dock);
+    }
+
+    /// An editor that is taken away commits what is being typed, also without another place for the focus
+    /// in its window; somebody who hears of that selects something else.
+    void selectionWithinSelection_data()
+    {
+        QTest::addColumn<int>("fieldIndex"); // of the field list of a cone; -1 for none
+        QTest::newRow("nothing") << -1;
+        QTest::newRow("the same field") << 1;
+        QTest::newRow("another field") << 2;
+    }
+    void selectionWithinSelection()
+    {
+        QFETCH(int, fieldIndex);
+        const KlvContainerRef cone(new SoCone);
+        SoFieldList fields;
+        cone.get()->getFields(fields);
+        KlvProfileSetting* setting = addProfile("Test", "KlvFieldEditorDockWin");
+        for (const char* editor : {"DvSFFloatWidget", "DvSFBitMaskWidget"})
+            setting->addControlledExtension(extension(editor));
+        m_manager->setActiveProfile(m_manager->getProfilesList().first());
+        auto* dock = m_shell->window().findChild<QDockWidget*>("KlvFieldEditorDockWin");
+        m_services->setSelectedField(fields[0]);
+        auto* input = dock->findChild<QLineEdit*>();
+        QVERIFY(input);
+        input->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(dock->window()));
+        QTest::keyClicks(input, "3.5");
+
+        SoField* wanted = fieldIndex < 0 ? nullptr : fields[fieldIndex];
+        std::function<void()> select = [&] { m_services->setSelectedField(wanted); };
+        SoFieldSensor sensor([](void* data, SoSensor*) { (*static_cast<std::function<void()>*>(data))(); },
+                             &select);
+        sensor.setPriority(0);
+        sensor.attach(fields[0]);
+        m_services->setSelectedField(fields[1]);
+        sensor.detach();
+        QVERIFY(static_cast<SoSFFloat*>(fields[0])->getValue() != 2);
+        QCOMPARE(m_services->getSelectedField(), wanted);
+        QCOMPARE(dock->isVisible(), wanted != nullptr);
+        for (const char* editor : {"DvSFFloatWidget", "DvSFBitMaskWidget"}) {
+            auto* shown = static_cast<KlvEditor*>(extension(editor));
+            const bool isFor = wanted && wanted->getTypeId() == shown->getHandledType();
+            QCOMPARE(shown->isActive(), isFor);
+            QCOMPARE(shown->getEditedObject().toField(), isFor ? wanted : nullptr);
+        }
     }
 
     void profileSelector()

@@ -2,14 +2,21 @@
 
 #include "../../KlvExtender/src/SceneGraph/FieldBits.h"
 
+#include <KlvExtender/KlvContainerRef.h>
 #include <KlvExtender/SceneGraph/SbStringText.h>
 #include <KlvExtender/SceneGraph/SoErrorStack.h>
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
+#include <KlvExtender/SceneGraph/SoFieldText.h>
 #include <KlvExtender/SceneGraph/SoGLError.h>
 #include <KlvExtender/SceneGraph/SoPreferences.h>
 #include <KlvExtender/SceneGraph/SoTypedObject.h>
 
 #include <Inventor/SoPath.h>
+#include <Inventor/engines/SoEngine.h>
+#include <Inventor/engines/SoEngineOutput.h>
+#include <Inventor/lists/SoEngineOutputList.h>
+#include <Inventor/lists/SoFieldList.h>
+#include <Inventor/lists/SoTypeList.h>
 
 #include <limits>
 
@@ -119,6 +126,37 @@ private Q_SLOTS:
             change(nullptr, 0, 1);
         }
         QCOMPARE(refusals.messages.size(), 2);
+    }
+
+    /// Coin would end the process where an engine misses an element, or divides by zero.
+    void enginesSurviveTheirInputs()
+    {
+        SoTypeList types;
+        SoType::getAllDerivedFrom(SoEngine::getClassTypeId(), types);
+        const PostedErrors<SoReadError> refusedTexts;
+        const PostedErrors<SoDebugError> refusedDeletions;
+        for (int i = 0; i < types.getLength(); ++i) {
+            if (!types[i].canCreateInstance())
+                continue;
+            const KlvContainerRef engine(static_cast<SoFieldContainer*>(types[i].createInstance()));
+            SoFieldList inputs;
+            SoEngineOutputList outputs;
+            engine.get()->getFields(inputs);
+            static_cast<SoEngine*>(engine.get())->getOutputs(outputs);
+            for (int k = 0; k < inputs.getLength() * outputs.getLength(); ++k) {
+                SoField* input = inputs[k / outputs.getLength()];
+                SoEngineOutput* output = outputs[k % outputs.getLength()];
+                const std::unique_ptr<SoField> target(
+                    static_cast<SoField*>(output->getConnectionType().createInstance()));
+                target->connectFrom(output);
+                auto* list = dynamic_cast<SoMField*>(input);
+                setFieldFromText(input, list ? "[ ]" : "0");
+                target->evaluate();
+                deleteElements(list, 0, list ? list->getNum() : 0);
+                target->evaluate();
+            }
+        }
+        QVERIFY(refusedTexts.messages.size() > 30 && refusedDeletions.messages.size() > 30);
     }
 
     void missingElements()

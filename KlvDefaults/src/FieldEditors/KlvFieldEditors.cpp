@@ -10,6 +10,8 @@
 #include <Inventor/fields/SoField.h>
 #include <Inventor/sensors/SoFieldSensor.h>
 
+#include <QApplication>
+
 KlvFieldEditors::KlvFieldEditors()
     : m_container(new QFrame)
 {
@@ -53,7 +55,11 @@ void KlvFieldEditors::deactivate()
     KlvEditor::deactivate();
     if (m_fieldSensor)
         m_fieldSensor->detach();
-    // Hiding may take the focus from an input, which then still commits what was typed: the field goes last.
+    // An input that loses the focus commits what was typed: the field goes last. Hiding takes the focus only
+    // where the window has another place for it.
+    if (QWidget* input = QApplication::focusWidget();
+        input && m_container && m_container->isAncestorOf(input))
+        input->clearFocus();
     hide();
     setField(nullptr);
 }

@@ -8,6 +8,7 @@ KlvMFDeleteRowsCommand::KlvMFDeleteRowsCommand(SoMField* field, int start, int c
     : KlvMFCommand(field, Kind::Action,
                    count == 1 ? tr("Delete a row of %1") : tr("Delete %n rows of %1", nullptr, count))
     , m_rows(copyElements(field, start, count))
+    , m_counted(m_rows ? KlvContainerRef::countingAllOf(*m_rows) : std::vector<KlvContainerRef>())
     , m_start(start)
     , m_count(count)
 {

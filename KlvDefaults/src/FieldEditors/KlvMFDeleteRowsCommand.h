@@ -2,9 +2,12 @@
 
 #include "FieldEditors/KlvMFCommand.h"
 
+#include <KlvExtender/KlvContainerRef.h>
+
 #include <QCoreApplication>
 
 #include <memory>
+#include <vector>
 
 /// Deletes elements, and keeps them to the bit.
 class KlvMFDeleteRowsCommand : public KlvMFCommand
@@ -24,6 +27,7 @@ public:
 
 private:
     const std::unique_ptr<SoMField> m_rows;
+    const std::vector<KlvContainerRef> m_counted; // what the rows refer to
     const int m_start;
     const int m_count;
 };

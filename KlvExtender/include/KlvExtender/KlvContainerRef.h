@@ -2,6 +2,9 @@
 
 #include <KlvExtender/KlvExtenderExport.h>
 
+#include <vector>
+
+class SoField;
 class SoFieldContainer;
 
 /// A counted reference to a field container for as long as the object lives.
@@ -23,6 +26,9 @@ public:
     /// Counts as the inspector's own a reference that a group of its own, or something else of its own, holds
     /// on the container; adds none. Must go before that reference does.
     static KlvContainerRef countingOther(SoFieldContainer* container);
+
+    /// The same for every node and engine that a field, a copy of the inspector's own, refers to.
+    static std::vector<KlvContainerRef> countingAllOf(const SoField& field);
 
     SoFieldContainer* get() const { return m_container; }
 

@@ -4,6 +4,7 @@
 #include "FieldBits.h"
 #include "FieldChange.h"
 #include "FieldKind.h"
+#include "FieldLimits.h"
 
 #include <Inventor/SoPath.h>
 #include <Inventor/engines/SoEngine.h>
@@ -77,6 +78,11 @@ void deleteElements(SoMField* field, int start, int count)
     if (rest <= 0)
         return;
     const int deleted = std::min(count, rest);
+    if (deleted == field->getNum() && !FieldLimits::canBeEmpty(*field)) {
+        SoDebugError::post("deleteElements", "%s needs an element in each of its inputs",
+                           field->getContainer()->getTypeId().getName().getString());
+        return;
+    }
     const FieldChange change(*field, start, rest - deleted);
     field->deleteValues(start, deleted);
 }

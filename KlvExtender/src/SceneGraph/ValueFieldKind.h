@@ -2,6 +2,7 @@
 
 #include "FieldChange.h"
 #include "FieldKind.h"
+#include "FieldLimits.h"
 #include "NumericFields.h"
 
 #include <algorithm>
@@ -22,12 +23,16 @@ public:
         if (!readValues(field, text, values))
             return false;
         if constexpr (isMultiField<Field>) {
-            if (!canHold(field, static_cast<std::int64_t>(values.size())))
+            if (!canHold(field, static_cast<std::int64_t>(values.size())) ||
+                (values.empty() && field.getNum() > 0 && !FieldLimits::canBeEmpty(field)))
                 return false;
             const FieldChange change(field);
             field.setNum(static_cast<int>(values.size()));
             field.setValues(0, static_cast<int>(values.size()), values.data());
         } else {
+            if constexpr (std::is_integral_v<Element>)
+                if (values.front() == 0 && !FieldLimits::canBeZero(field))
+                    return false;
             const FieldChange change(field);
             field.setValue(values.front());
         }

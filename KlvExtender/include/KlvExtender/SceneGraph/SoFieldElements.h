@@ -22,7 +22,8 @@ KLV_EXTENDER_EXPORT SbString getElementText(SoMField* field, int index);
 KLV_EXTENDER_EXPORT void insertElements(SoMField* field, int start, int count);
 
 /// Deletes those of the `count` elements from `start` on that exist; a negative start or a count below 1
-/// deletes nothing.
+/// deletes nothing. An input of an engine that does not survive an empty input keeps its elements; a line
+/// through `SoDebugError` says so.
 KLV_EXTENDER_EXPORT void deleteElements(SoMField* field, int start, int count);
 
 /// A field of the same type, in no container, that holds copies of those of the `count` elements from `start`

@@ -22,6 +22,9 @@ class SoMField;
 /// hold all of a value (the last digits of numbers, rotations and planes, enumeration values without a name,
 /// which node it is), the text that the field prints at present stands for its present value.
 ///
+/// Refused in the same way is what ends the process when Coin evaluates the engine of the field: a step of 0
+/// of a counter, no element for an engine that composes or interpolates.
+///
 /// On success the field's auditors are notified once, as by a setter. A null field gives FALSE.
 KLV_EXTENDER_EXPORT SbBool setFieldFromText(SoField* field, const SbString& text);
 
