@@ -205,6 +205,13 @@ private Q_SLOTS:
                 m_stack->redo();
                 QVERIFY(bits(field.getValue()) == bits(after) && !field.isDefault());
             }
+            field.setDefault(TRUE); // nobody is told of that
+            m_stack->clear();
+            QCoreApplication::processEvents();
+            field.setValue(7);
+            m_services->pushCommand(new TestCommand(&field));
+            m_stack->undo();
+            QVERIFY(bits(field.getValue()) == bits(after) && field.isDefault());
             m_stack->clear();
             m_services->setSelectedField(nullptr);
         }
