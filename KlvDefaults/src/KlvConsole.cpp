@@ -36,6 +36,18 @@ StdStreamRedirector<char>* idleRedirector(std::ostream& stream)
     return redirectors->emplace_back(new StdStreamRedirector<char>(stream));
 }
 
+/// In dark colors a button that is on hardly differs from one that is off.
+void dimWhenOff(QPushButton* button)
+{
+    const QIcon icon = button->icon();
+    QIcon both;
+    for (const QSize& size : icon.availableSizes()) {
+        both.addPixmap(icon.pixmap(size), QIcon::Normal, QIcon::On);
+        both.addPixmap(icon.pixmap(size, QIcon::Disabled), QIcon::Normal, QIcon::Off);
+    }
+    button->setIcon(both);
+}
+
 int kindOf(const SoError& error)
 {
     if (!error.isOfType(SoDebugError::getClassTypeId()))
@@ -96,6 +108,8 @@ void KlvConsole::load()
     m_frame = new QFrame(m_dock);
     m_form = std::make_unique<Ui::m_consoleFrame>();
     m_form->setupUi(m_frame);
+    for (QPushButton* filter : {m_form->m_errorsButton, m_form->m_warningsButton, m_form->m_infosButton})
+        dimWhenOff(filter);
     m_text = new ConsoleText(m_form->m_consoleOutput);
     m_showErrors = m_showInfos = m_showWarnings = true;
 

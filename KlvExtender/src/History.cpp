@@ -154,8 +154,16 @@ bool History::beginScope(SoField& field, const std::optional<ElementRange>& rang
 void History::endScope()
 {
     const std::unique_ptr<Scope> scope = std::move(m_scope);
-    if (!scope || !scope->first || (scope->before && scope->before->matches(*scope->field)))
+    if (!scope || (scope->before && scope->before->matches(*scope->field)))
         return;
+    const FieldSnapshot::Ptr& original = scope->part ? scope->original : scope->before;
+    if (!scope->first) {
+        // There is nothing to undo, but something to save.
+        m_selected.settle();
+        noteChange(*scope->field, original);
+        m_stack.resetClean();
+        return;
+    }
 
     FieldSnapshot::Ptr after;
     if (scope->part) {
@@ -178,7 +186,7 @@ void History::endScope()
     step.before = scope->before;
     step.after = after;
     step.text = scope->text;
-    noteChange(*scope->field, scope->part ? scope->original : scope->before);
+    noteChange(*scope->field, original);
     record(std::move(step));
     keepWithinBudget();
 }

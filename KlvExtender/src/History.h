@@ -40,7 +40,9 @@ public:
     /// Begins the scope of a change to a field, of the elements of a range or, without one, of any part;
     /// false, and nothing begun, within another scope. `text` names the step, see `KlvEditScope`.
     bool beginScope(SoField& field, const std::optional<ElementRange>& range, const QString& text);
-    /// Ends it and records the commands of the field that were pushed meanwhile as one step.
+    /// Ends it and records the commands of the field that were pushed meanwhile as one step. A change without
+    /// any is no step, but noted: the field is listed as changed, and the history is not clean until it is
+    /// saved.
     void endScope();
 
     /// Makes fields what they were when copies were taken, as one step. It can be undone, however large the

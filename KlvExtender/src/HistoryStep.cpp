@@ -4,8 +4,8 @@
 
 #include <KlvExtender/KlvCommand.h>
 #include <KlvExtender/KlvGuarded.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
-#include <Inventor/SbName.h>
 #include <Inventor/fields/SoField.h>
 #include <Inventor/fields/SoFieldContainer.h>
 
@@ -15,14 +15,11 @@ namespace {
 
 constexpr std::chrono::seconds joinWindow{1};
 
-QString nameOf(SoField* field, SoFieldContainer* container)
+QString nameOf(const SoField* field, const SoFieldContainer* container)
 {
-    SbName fieldName;
-    if (container && field && container->getFieldName(field, fieldName))
-        return QStringLiteral("%1.%2").arg(QString::fromUtf8(container->getTypeId().getName().getString()),
-                                           QString::fromUtf8(fieldName.getString()));
-    const SoType type = field ? field->getTypeId() : container ? container->getTypeId() : SoType::badType();
-    return type.isBad() ? QString() : QString::fromUtf8(type.getName().getString());
+    if (field)
+        return fieldLabel(*field);
+    return container ? objectKey(container) : QString();
 }
 
 } // namespace

@@ -121,6 +121,9 @@ void KlvChanges::restart()
     d->places.clear();
     d->uncompared.clear();
     d->comparison.stop();
+    // Edits that were no steps have left it unclean, which clearing an empty one does not change.
+    if (QUndoStack* history = History::current()->stack(); history->count() == 0)
+        history->setClean();
     announce();
 }
 

@@ -14,6 +14,7 @@ public:
         : owned(made)
     {
         history->clear();
+        history->setClean();
         KlvServices::getInstance()->setSelectedField(field);
         editor.load();
         auto* layout = new QVBoxLayout(&window);

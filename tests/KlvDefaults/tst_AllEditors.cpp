@@ -158,14 +158,15 @@ private Q_SLOTS:
             set(expected, text);
             return field->isSame(*expected) || (strstr(text, "nan") && textOf(*field) == textOf(*expected));
         };
-        const auto edit = [&] {
+        const auto edit = [&](const char* keys) {
             const auto children = widget->findChildren<QWidget*>();
             const auto input = std::find_if(children.begin(), children.end(),
                                             [&](QWidget* child) { return child->inherits(kind.input); });
             (*input)->setFocus();
             for (auto* line : widget->findChildren<QLineEdit*>())
                 line->selectAll();
-            QTest::keyClicks(*input, kind.keys);
+            QTest::keyClicks(*input, keys);
+            return *input;
         };
 
         // Changes from outside.
@@ -183,7 +184,14 @@ private Q_SLOTS:
 
         // Editing, and the way back to the old value and forth again.
         history->clear();
-        edit();
+        const QByteArray keys(kind.keys);
+        if (kind.input == QLatin1String("QLineEdit") && keys.endsWith('\r')) {
+            QWidget* input = edit(keys.chopped(1));
+            QTest::keyClick(input, Qt::Key_Escape);
+            QTest::keyClick(input, Qt::Key_Return);
+            QVERIFY(holds(kind.other) && shown() == other && history->count() == 0);
+        }
+        edit(keys);
         QVERIFY2(holds(kind.result), textOf(*field));
         QVERIFY(shown() != other);
         QCOMPARE(history->count(), isBitMask ? 0 : 1);
@@ -208,7 +216,7 @@ private Q_SLOTS:
         set(source, kind.other);
         field->connectFrom(source);
         QCOMPARE(shown(), other);
-        edit();
+        edit(keys);
         source->touch();
         QVERIFY(holds(kind.other) && shown() == other);
         field->disconnect();
@@ -230,6 +238,41 @@ private Q_SLOTS:
         plugin.unload();
         for (SoNode* node : nodes)
             node->unref();
+    }
+
+    void builtAnew()
+    {
+        KlvDefaults plugin;
+        plugin.load();
+        for (KlvExtension* extension : plugin.getExtensions()) {
+            auto* editor = dynamic_cast<KlvFieldEditors*>(extension);
+            if (!editor)
+                continue;
+            const SoType type = editor->getHandledType();
+            const char* any = type == SoSField::getClassTypeId() ? "SFTime" : "MFTime";
+            const auto field = newField(type.canCreateInstance() ? type.getName().getString() : any);
+            editor->setEditedObject(field.get());
+            for (const bool gone : {false, true, false}) {
+                editor->activate();
+                if (gone) {
+                    delete editor->getWidget();
+                    field->touch();
+                    processSensors();
+                    editor->activate();
+                    QVERIFY(!editor->isVisible());
+                    editor->deactivate();
+                }
+                editor->load();
+                processSensors();
+                editor->activate();
+                editor->getWidget()->findChild<QPushButton*>("m_ignoreButton")->click();
+                QVERIFY(editor->isVisible() && field->isIgnored());
+                field->setIgnored(FALSE);
+                editor->deactivate();
+            }
+        }
+        KlvServices::getInstance()->getUndoStack()->clear();
+        plugin.unload();
     }
 };
 

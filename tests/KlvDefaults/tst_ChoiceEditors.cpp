@@ -4,6 +4,7 @@
 #include "FieldEditors/SFWidgets/DvSFBitMaskWidget.h"
 #include "FieldEditors/SFWidgets/DvSFEnumWidget.h"
 
+#include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvContainerRef.h>
 
 class tst_ChoiceEditors : public QObject
@@ -68,7 +69,11 @@ private Q_SLOTS:
         cone->parts.setValue(SoCone::BOTTOM);
         processSensors();
         QCOMPARE(states(), QString("SIDES+ BOTTOM- ALL-"));
-        QCOMPARE(edited.history->count(), 0);
+        QVERIFY(edited.history->count() == 0 && !edited.history->isClean());
+        KlvChanges* changes = KlvServices::getInstance()->getChanges();
+        QVERIFY(changes->isChanged(&cone->parts));
+        changes->restart();
+        QVERIFY(edited.history->isClean());
 
         font->style.setValue(SoFontStyle::ITALIC);
         edited.editor.setField(&font->style);

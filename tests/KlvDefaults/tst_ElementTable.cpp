@@ -6,6 +6,7 @@
 #include "FieldEditors/MFWidgets/DvTableClipboard.h"
 #include "MultiValueWidgets.h"
 
+#include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
 #include <KlvExtender/SceneGraph/SoFieldText.h>
 
@@ -124,6 +125,7 @@ private Q_SLOTS:
         swapElements(list.get(), 0, 1);
         bench.settle();
         QCOMPARE(bench.elements(), elements);
+        QVERIFY(bench.history->isClean());
 
         // Return and Tab write it; Tab goes on to the next cell.
         for (const auto& [row, key] : {std::pair(1, Qt::Key_Return), std::pair(2, Qt::Key_Tab)}) {
@@ -136,6 +138,7 @@ private Q_SLOTS:
             QCOMPARE(bench.elements(), elements);
             QCOMPARE(bench.table->currentRow(), row + (key == Qt::Key_Tab ? 1 : 0));
             QCOMPARE(bench.history->count(), isRecorded ? std::max(steps, 1) : 0);
+            QVERIFY(!bench.history->isClean());
         }
         QTest::keyClick(bench.openEditor(), Qt::Key_Return);
         edit = bench.open(0); // can be edited character by character
@@ -166,8 +169,8 @@ private Q_SLOTS:
         const Qt::KeyboardModifiers ctrlShift = Qt::ControlModifier | Qt::ShiftModifier;
         const auto moveDown = key(Qt::Key_Down, ctrlShift);
         QGuiApplication::clipboard()->setText("a\nb\nc\nd");
-        const auto deleteThree = [&] {
-            bench.select(1, 3);
+        const auto deleteTwo = [&] {
+            bench.select(1, 2);
             key(Qt::Key_Delete, Qt::ShiftModifier)();
         };
         // What is done, the elements then (an empty one as "-"), and the current row. Rows move from end to
@@ -180,8 +183,8 @@ private Q_SLOTS:
             {key(Qt::Key_V, Qt::ControlModifier), "abcd", 0}, {moveDown, "bacd", 1}, {moveDown, "bcad", 2},
             {moveDown, "bcda", 3}, {moveDown, "bcda", 3}, {click("m_upButton"), "bcad", 2},
             {click("m_upButton"), "bacd", 1}, {key(Qt::Key_Up, ctrlShift), "abcd", 0},
-            {click("m_upButton"), "abcd", 0}, {click("m_downButton"), "bacd", 1}, {deleteThree, "b", 0},
-            {click("m_deleteButton"), "", -1}};
+            {click("m_upButton"), "abcd", 0}, {click("m_downButton"), "bacd", 1},
+            {key(Qt::Key_Delete), "bcd", 1}, {deleteTwo, "b", 0}, {click("m_deleteButton"), "", -1}};
         // clang-format on
         const auto elements = [&list] {
             return stringsOf(list).replaceInStrings(QRegularExpression("^$"), "-").join("");
@@ -224,11 +227,14 @@ private Q_SLOTS:
         QCOMPARE(slider->value(), 10);
         QTest::keyClick(slider, Qt::Key_Right);
         QCOMPARE(material->transparency[0], 0.11f);
+        const KlvChanges* changes = KlvServices::getInstance()->getChanges();
+        QVERIFY(changes->isChanged(&material->transparency) && !bench.history->isClean());
         // Keys that the slider has no use for do nothing to the rows.
         QTest::keyClick(slider, Qt::Key_Minus);
         QCOMPARE(material->transparency.getNum(), 3);
         QTest::keyClick(slider, Qt::Key_Escape);
         QVERIFY(material->transparency[0] == 0.1f && table->hasFocus());
+        QVERIFY(!changes->isChanged(&material->transparency));
         QApplication::processEvents();
         QTest::qWait(0);
 
@@ -256,6 +262,28 @@ private Q_SLOTS:
         table->setCurrentCell(0, 0);
         table->pasteRows();
         QVERIFY(material->transparency[0] == 1 && material->transparency[1] == 0);
+        QCOMPARE(bench.history->count(), 1);
+        bench.history->undo();
+        QVERIFY(material->transparency.getNum() == 1 && material->transparency[0] == 0.1f);
+    }
+
+    void touchedCell()
+    {
+        for (const float value : {1e-7f, 0.5f, 2.5f}) {
+            auto* material = new SoMaterial;
+            material->transparency.setValue(value);
+            material->transparency.setDefault(TRUE);
+            Bench bench(material->transparency, new DvMFFloatWidget(nullptr));
+            bench.open(0);
+            auto* slider = bench.table->findChild<QSlider*>("slider");
+            slider->setSliderDown(true);
+            slider->setSliderDown(false);
+            auto* line = bench.table->findChild<QLineEdit*>("lineEdit");
+            line->deselect();
+            QTest::keyClicks(line, "\b0\r");
+            QVERIFY(material->transparency[0] == value && material->transparency.isDefault());
+            QVERIFY(bench.history->isClean());
+        }
     }
 
     void clipboard()

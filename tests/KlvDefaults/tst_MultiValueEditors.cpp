@@ -183,7 +183,9 @@ private Q_SLOTS:
     {
         SoMFInt32 field;
         field.setNum(5);
+        QLocale::setDefault(QLocale("ar_EG"));
         Edited<DvMFInt32Widget> edited(&field);
+        QLocale::setDefault(QLocale::c());
         auto* table = edited.widget->findChild<DvMFieldTable*>("m_table");
         auto* box = edited.widget->findChild<AccessButtonPrivate*>("m_accessBox");
         QVERIFY(edited.line->parent() == box);
@@ -191,7 +193,7 @@ private Q_SLOTS:
         QTest::keyClick(edited.line, '3');
         QCOMPARE(table->currentRow(), 3);
         table->setCurrentCell(1, 0);
-        QCOMPARE(box->value(), 2);
+        QCOMPARE(box->text(), "2");
         // Return says the value again, which is a row further.
         QTest::keyClick(edited.line, Qt::Key_Return);
         QCOMPARE(table->currentRow(), 2);

@@ -108,12 +108,26 @@ private Q_SLOTS:
             {"1e", Qt::Key_Tab, "0.5", 0.5f},
             {"0.000123458", Qt::Key_Tab, "0.000123458", 0.000123458f},
             {"-1.5e-7", Qt::Key_Tab, "-1.5e-7", -1.5e-7f},
-            {"0.1234567", Qt::Key_Return, "0.123456", 0.123456f}};
-        for (const auto& [text, key, shown, x] : rows) {
-            enter(edited.line, text, key);
-            QCOMPARE(edited.line->text(), QString::fromLatin1(shown));
-            QVERIFY2(field.getValue() == SbVec2f(x, 1.0f / 3), text);
+            {"0.1234567", Qt::Key_Return, "0.123456", 0.123456f},
+            {"-1.23456789e-3", Qt::Key_Tab, "-1.234567e-3", -1.234567e-3f},
+            {"0.0000123456789", Qt::Key_Tab, "0.0000123456", 0.0000123456f},
+            {" 2,5", Qt::Key_Tab, "2.5", 2.5f}};
+        QLocale::setDefault(QLocale(QLocale::German));
+        for (const bool pasted : {false, true}) {
+            for (const auto& [text, key, shown, x] : rows) {
+                QApplication::clipboard()->setText(text);
+                enter(edited.line, pasted ? "" : text, pasted ? Qt::Key_End : key);
+                if (pasted) {
+                    edited.line->selectAll();
+                    edited.line->paste();
+                    QApplication::processEvents();
+                    QTest::keyClick(edited.line, key);
+                }
+                QCOMPARE(edited.line->text(), QString::fromLatin1(shown));
+                QVERIFY2(field.getValue() == SbVec2f(x, 1.0f / 3), text);
+            }
         }
+        QLocale::setDefault(QLocale::c());
     }
 
     void planes()

@@ -438,7 +438,7 @@ private Q_SLOTS:
         QVERIFY(!setElementFromText(nullptr, 0, "1"));
         const QStringList expected = {
             "Coin read error: field \"transparency\" of Material \"Gold\" does not take \"ab\\nc\"",
-            QString("Coin read error: element 3 of field \"diffuseColor\" of Material \"Gold\" does not take "
+            QString("Coin read error: element 4 of field \"diffuseColor\" of Material \"Gold\" does not take "
                     "\"%1\u2026\"")
                 .arg(QString(60, '%')),
             "Coin read error: a field of type SFNode does not take \"Cube { width x }\""};

@@ -300,10 +300,11 @@ private Q_SLOTS:
         m_material->shininess.setValue(0.5f);
         m_services->pushCommand(new TestCommand(&m_material->shininess));
         m_material->shininess.setIgnored(TRUE);
+        m_material->setName("Gold");
         m_services->pushCommand(
             new TestCommand(&m_material->shininess, {}, KlvCommand::Kind::Action, "Ignore %1"));
         QCOMPARE(m_stack->count(), 3);
-        QCOMPARE(m_stack->text(2), QString("Ignore Material.shininess"));
+        QCOMPARE(m_stack->text(2), QString("Ignore Gold.shininess"));
         m_stack->undo();
         QVERIFY(!m_material->shininess.isIgnored());
     }

@@ -18,6 +18,7 @@ DvIconButton::DvIconButton(const char* name, const QPixmap& icon, const QKeySequ
     setFocusPolicy(Qt::NoFocus);
     m_action->setShortcut(shortcut);
     m_action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    m_action->setShortcutVisibleInContextMenu(true);
     connect(m_action, SIGNAL(triggered()), this, SLOT(click()));
     container->addAction(m_action);
     container->setContextMenuPolicy(Qt::ActionsContextMenu);

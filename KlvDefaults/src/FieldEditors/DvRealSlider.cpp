@@ -1,5 +1,6 @@
 #include "FieldEditors/DvRealSlider.h"
 
+#include "FieldEditors/DvPastedNumber.h"
 #include "FieldEditors/DvRealValidator.h"
 
 #include <QLineEdit>
@@ -23,6 +24,7 @@ DvRealSlider::DvRealSlider(SliderParentType parentType, KlvFieldEditors* owner, 
     , m_isFloat(isFloat)
 {
     m_lineEdit->setValidator(m_validator);
+    DvPastedNumber::install(m_lineEdit);
     setPositions(0, 100);
 }
 
@@ -57,6 +59,7 @@ void DvRealSlider::setTop(double max)
 
 void DvRealSlider::setRealValue(double value)
 {
+    m_entered = false;
     takeValue(value);
     updateEdit();
     updateSlider();
@@ -93,6 +96,7 @@ void DvRealSlider::setValueFromEdit()
     // The text that is shown stands for all digits of the value.
     if (text == shownText())
         return;
+    m_entered = true;
     const double value = text.toDouble();
     const bool bounded = m_boundFixed && m_minimum < m_maximum;
     takeValue(bounded ? std::clamp(value, m_minimum, m_maximum) : value);
@@ -102,6 +106,7 @@ void DvRealSlider::setValueFromEdit()
 
 void DvRealSlider::setValueFromSlider(int position)
 {
+    m_entered = true;
     takeValue(std::clamp(sliderToDouble(position), m_minimum, m_maximum));
     m_currentPosition = position;
 }
@@ -109,6 +114,12 @@ void DvRealSlider::setValueFromSlider(int position)
 void DvRealSlider::saveDataFromField()
 {
     updateEdit();
+}
+
+bool DvRealSlider::isTextRounded() const
+{
+    const double value = shownText().toDouble();
+    return !m_entered && !(m_isFloat ? float(value) == float(m_value) : value == m_value);
 }
 
 QString DvRealSlider::shownText() const

@@ -43,6 +43,9 @@ public:
     void setValueFromSlider(int position) override;
     void saveDataFromField() override;
 
+protected:
+    bool isTextRounded() const override;
+
 private:
     QString shownText() const;
     void takeValue(double value);
@@ -54,4 +57,5 @@ private:
     DvRealValidator* m_validator;
     bool m_boundFixed = false;
     bool m_isFloat;
+    bool m_entered = false;
 };

@@ -13,6 +13,12 @@ QRegularExpression smallNumber(int digits)
     return QRegularExpression(QStringLiteral("^[-+]?0?\\.0+[0-9]{1,%1}$").arg(digits));
 }
 
+QString withPoint(QString text)
+{
+    return QLocale().decimalPoint() == QLatin1String(",") ? text.replace(QLatin1Char(','), QLatin1Char('.'))
+                                                          : text;
+}
+
 } // namespace
 
 DvRealValidator::DvRealValidator(Precision precision, QObject* parent)
@@ -33,10 +39,23 @@ void DvRealValidator::resetRange()
         setRange(std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max(), 15);
 }
 
+QString DvRealValidator::fitting(const QString& text) const
+{
+    static const QRegularExpression number(QStringLiteral("^([-+]?[0-9]*\\.?)([0-9]*)(e[-+]?[0-9]+)?$"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpressionMatch parts = number.match(withPoint(text).trimmed());
+    for (qsizetype decimals = parts.capturedLength(2); parts.hasMatch() && decimals >= 0; --decimals) {
+        QString cut = parts.captured(1) + parts.captured(2).left(decimals) + parts.captured(3);
+        int position = 0;
+        if (validate(cut, position) != Invalid)
+            return cut;
+    }
+    return QString();
+}
+
 QValidator::State DvRealValidator::validate(QString& text, int& position) const
 {
-    if (QLocale().decimalPoint() == QLatin1String(","))
-        text.replace(QLatin1Char(','), QLatin1Char('.'));
+    text = withPoint(text);
     const State state = QDoubleValidator::validate(text, position);
     bool isNumber = false;
     text.toDouble(&isNumber);

@@ -26,6 +26,10 @@ public:
     /// range.
     void setOutsideAccepted(bool accepted) { m_outsideAccepted = accepted; }
 
+    /// A number cut to the decimals that are accepted, without blanks around it; empty for a text that is no
+    /// number.
+    QString fitting(const QString& text) const;
+
     State validate(QString& text, int& position) const override;
 
 private:

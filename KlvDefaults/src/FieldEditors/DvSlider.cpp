@@ -1,5 +1,6 @@
 #include "FieldEditors/DvSlider.h"
 
+#include "FieldEditors/DvEscapeKey.h"
 #include "FieldEditors/DvWheelGuard.h"
 #include "FieldEditors/KlvFieldEditors.h"
 
@@ -46,6 +47,11 @@ DvSlider::DvSlider(SliderParentType parentType, KlvFieldEditors* owner, QWidget*
     m_lineEdit->setAccessibleName(tr("Value"));
     m_lineEdit->installEventFilter(this);
     m_layout->addWidget(m_lineEdit, 3);
+    // A cell of a table is reverted as a whole.
+    if (parentType == SingleValue) {
+        for (QWidget* input : {static_cast<QWidget*>(m_slider), static_cast<QWidget*>(m_lineEdit)})
+            DvEscapeKey::install(input, m_lineEdit, [this] { m_owner->refresh(); });
+    }
 
     connect(m_slider, SIGNAL(sliderPressed()), this, SLOT(beginCallback()));
     connect(m_slider, SIGNAL(valueChanged(int)), this, SLOT(valueChangeSlot(int)));
@@ -215,6 +221,9 @@ void DvSlider::commit()
         m_owner->applyChanges();
         return;
     }
+    if (isTextRounded())
+        return;
+    m_written = true;
     m_owner->setRefresh(false);
     m_owner->set1Value(m_row, m_column, getText());
     m_owner->setRefresh(true);

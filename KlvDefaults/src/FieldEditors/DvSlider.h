@@ -13,7 +13,8 @@ class QSlider;
 ///
 /// While the check box is on (live update) each move of the slider is committed. While it is off the text
 /// follows, and the value is committed when the mouse lets go of the slider, and after moves by keys or by
-/// the wheel with Return or when the slider is left, as in the line edit.
+/// the wheel with Return or when the slider is left, as in the line edit. Escape has the owner show its value
+/// again in place of what was entered and not committed; in a table it is left to the cell.
 ///
 /// Subclasses keep the value and map it to positions of the slider.
 class DvSlider : public QFrame
@@ -68,6 +69,8 @@ public:
     bool isChecked() const;
     /// True when something was entered that is not committed yet.
     bool isEdited() const;
+    /// True when the owner's table has been given a value.
+    bool hasWritten() const { return m_written; }
 
 public Q_SLOTS:
     /// Commits what was typed, if anything was.
@@ -91,6 +94,9 @@ protected:
     void setPositions(int minimum, int maximum);
     /// A number's text with the prefix of the base.
     QString withPrefix(QString text) const;
+    /// True when the text is but a rounded form of the value, which was shown and not entered. A table, which
+    /// gets the text, is not given it then.
+    virtual bool isTextRounded() const { return false; }
 
     QLineEdit* m_lineEdit = nullptr;
     QSlider* m_slider = nullptr;
@@ -111,6 +117,7 @@ private:
     bool m_sliderSignalsOn = false;
     /// The text shows a move of the slider that is still to be committed.
     bool m_moved = false;
+    bool m_written = false;
     SliderParentType m_parentType;
     KlvFieldEditors* m_owner;
     int m_row;

@@ -13,12 +13,11 @@
 #include <QApplication>
 
 KlvFieldEditors::KlvFieldEditors()
-    : m_container(new QFrame)
 {
     m_author = "QRV";
     m_description = "Field Editor for Kelvor.";
     m_version = "1.0.0";
-    m_widget = m_container.data();
+    renewContainer();
 }
 
 KlvFieldEditors::~KlvFieldEditors()
@@ -26,8 +25,23 @@ KlvFieldEditors::~KlvFieldEditors()
     delete m_container;
 }
 
+bool KlvFieldEditors::renewContainer()
+{
+    if (m_container)
+        return false;
+    m_container = new QFrame;
+    m_widget = m_container.data();
+    connect(m_container, &QObject::destroyed, this, [this] {
+        KlvEditor::hide();
+        setField(nullptr);
+    });
+    return true;
+}
+
 void KlvFieldEditors::load()
 {
+    if (m_fieldSensor)
+        setField(nullptr);
     hide();
     m_fieldSensor = std::make_unique<SoFieldSensor>(fieldSensorCB, this);
     m_fieldSensor->setDeleteCallback(fieldDestroyedCB, this);
@@ -43,7 +57,7 @@ void KlvFieldEditors::activate()
 {
     KlvEditor::activate();
     SoField* field = getEditedObject().toField();
-    if (!field || !m_fieldSensor)
+    if (!field || !m_fieldSensor || !m_container)
         return;
     setField(field);
     refresh();

@@ -18,19 +18,21 @@ class SoSensor;
 ///
 /// While the editor is active a sensor watches the field, so that every change, its own or from elsewhere,
 /// comes back as a `refresh()`; a burst of changes comes back once. When the field is destroyed the editor
-/// lets go of it and tells so with `editedObjectLost()`.
+/// lets go of it and tells so with `editedObjectLost()`. When its frame is destroyed, along with a window
+/// that shows it, the editor lets go of the field too and stays hidden until it is loaded again.
 class KlvFieldEditors : public KlvEditor
 {
 public:
     KlvFieldEditors();
 
     /// Starts to edit the edited object: attaches, refreshes and shows the editor. Without an edited object,
-    /// with one that is no field, and before `load()` the editor stays hidden.
+    /// with one that is no field, before `load()` and without a frame the editor stays hidden.
     void activate() override;
     /// Hides the editor and lets go of the field.
     void deactivate() override;
     void hide() override;
-    /// Creates the sensor. Subclasses create their widgets on top of it.
+    /// Creates the sensor. Subclasses create their widgets on top of it. A field that is still edited is let
+    /// go of.
     void load() override;
     void show() override;
     /// Deletes the sensor. The editor can be used again after another `load()`.
@@ -56,10 +58,13 @@ public:
 
     ~KlvFieldEditors() override;
 
-    /// The frame that holds the editor's widgets; the same as `getWidget()`.
+    /// The frame that holds the editor's widgets; the same as `getWidget()`. Null once it was destroyed.
     QFrame* getWidgetContainer() const { return m_container; }
 
 protected:
+    /// Makes the frame anew where it was destroyed, and with it all that was in it; true if it did.
+    bool renewContainer();
+
     /// True while the field has changed and the `refresh()` that this brings about has not begun.
     bool isRefreshPending() const;
 

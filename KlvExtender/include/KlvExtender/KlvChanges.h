@@ -13,12 +13,13 @@ class SoField;
 /// What has been changed through the history since the scene was opened: every edited field that is not as
 /// it was then, with a typed copy of what it was.
 ///
-/// Only what passes through `KlvServices::pushCommand()` counts, so fields that the application or its
-/// engines change are not listed. The list outlives the history: it stays when that is cleared. A field that
-/// is as it was again, by undo or otherwise, is no longer listed; edited once more, it is compared with the
-/// same original. Fields of more than 64 KiB are compared only when they have not been edited for a moment,
-/// and are listed until then. The containers of all these fields are referenced until `restart()`; fields
-/// without a container are not listed. User-interface thread only; owned by `KlvServices`.
+/// Only what passes through `KlvServices::pushCommand()` or is announced with a `KlvEditScope` counts, so
+/// fields that the application or its engines change are not listed. The list outlives the history: it stays
+/// when that is cleared. A field that is as it was again, by undo or otherwise, is no longer listed; edited
+/// once more, it is compared with the same original. Fields of more than 64 KiB are compared only when they
+/// have not been edited for a moment, and are listed until then. The containers of all these fields are
+/// referenced until `restart()`; fields without a container are not listed. User-interface thread only; owned
+/// by `KlvServices`.
 ///
 /// The originals together take no more memory than the copies of the history may, see
 /// `KlvServices::setCopyBudget()`. When that does not suffice, those of fields that are no longer listed are
@@ -43,7 +44,8 @@ public:
     /// copies. Those that are not listed, and those whose original was not kept, stay as they are.
     void revert(const QList<SoField*>& fields);
 
-    /// From now on what the fields are counts as the original: forgets all changes.
+    /// From now on what the fields are counts as the original: forgets all changes. An empty history is clean
+    /// then, whatever was edited.
     void restart();
 
 Q_SIGNALS:

@@ -21,7 +21,8 @@ class SoMField;
 /// Without a scope the history goes by the copy of the selected field that it keeps at idle time.
 ///
 /// Commands of the field that are pushed meanwhile are executed at once and become one step when the scope
-/// ends; without any there is no step. A scope inside another one does nothing. Made on the stack, on the
+/// ends; without any there is no step, but a change is still listed (`KlvChanges`) and has the history no
+/// longer clean. A scope inside another one does nothing. Made on the stack, on the
 /// user-interface thread. The field's container is kept alive meanwhile; a field without one must outlive the
 /// scope.
 class KLV_EXTENDER_EXPORT KlvEditScope

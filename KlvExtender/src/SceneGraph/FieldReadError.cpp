@@ -1,5 +1,6 @@
 #include "FieldReadError.h"
 
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 #include <KlvExtender/SceneGraph/SbStringText.h>
 
 #include <Inventor/fields/SoFieldContainer.h>
@@ -18,12 +19,8 @@ QString describe(const SoField& field)
     SbName name;
     if (!container || !container->getFieldName(&field, name))
         return QStringLiteral("a field of type %1").arg(field.getTypeId().getName().getString());
-    QString description = QStringLiteral("field \"%1\" of %2")
-                              .arg(QString::fromUtf8(name.getString()),
-                                   QString::fromUtf8(container->getTypeId().getName().getString()));
-    if (container->getName().getLength() > 0)
-        description += QStringLiteral(" \"%1\"").arg(QString::fromUtf8(container->getName().getString()));
-    return description;
+    return QStringLiteral("field \"%1\" of %2")
+        .arg(QString::fromUtf8(name.getString()), objectLabel(container));
 }
 
 /// The beginning of a text, on one line.
@@ -53,7 +50,8 @@ void FieldReadError::post(const SoField& field, std::string_view text)
 
 void FieldReadError::post(const SoMField& field, int index, std::string_view text)
 {
-    const QString element = QStringLiteral("element %1 of %2").arg(QString::number(index), describe(field));
+    // Tables count their rows from 1.
+    const QString element = QStringLiteral("element %1 of %2").arg(index + 1).arg(describe(field));
     FieldReadError(message(element, text).getString()).handle();
 }
 

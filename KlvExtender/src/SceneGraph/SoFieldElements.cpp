@@ -6,6 +6,9 @@
 #include "FieldKind.h"
 #include "FieldLimits.h"
 
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
+#include <KlvExtender/SceneGraph/SbStringText.h>
+
 #include <Inventor/SoPath.h>
 #include <Inventor/engines/SoEngine.h>
 #include <Inventor/errors/SoDebugError.h>
@@ -33,18 +36,9 @@ bool checkRoom(const SoMField& field, std::int64_t count, const char* caller)
     return false;
 }
 
-/// `Cube "Crate"`
 SbString summaryOf(const SoBase* object)
 {
-    if (!object)
-        return "NULL";
-    SbString summary = object->getTypeId().getName().getString();
-    if (object->getName().getLength() > 0) {
-        summary += " \"";
-        summary += object->getName().getString();
-        summary += "\"";
-    }
-    return summary;
+    return object ? fromUtf16(objectLabel(object)) : SbString("NULL");
 }
 
 } // namespace

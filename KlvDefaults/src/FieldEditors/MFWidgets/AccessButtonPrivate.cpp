@@ -6,6 +6,7 @@ AccessButtonPrivate::AccessButtonPrivate(QWidget* parent, const char* name)
     : QSpinBox(parent)
 {
     setObjectName(QString::fromUtf8(name));
+    setLocale(QLocale::c());
 }
 
 AccessButtonPrivate::AccessButtonPrivate(int minimum, int maximum, int step, QWidget* parent,

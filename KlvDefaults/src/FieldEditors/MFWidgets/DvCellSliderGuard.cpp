@@ -4,6 +4,7 @@
 #include "FieldEditors/DvSlider.h"
 #include "FieldEditors/MFWidgets/DvMFieldWidget.h"
 
+#include <KlvExtender/KlvEditScope.h>
 #include <KlvExtender/SceneGraph/SoFieldElements.h>
 
 #include <Inventor/fields/SoMField.h>
@@ -19,7 +20,6 @@ DvCellSliderGuard::DvCellSliderGuard(DvSlider* slider, DvMFieldWidget* owner, in
     , m_row(row)
     , m_field(owner->getField())
     , m_element(copyElements(m_field, row, 1))
-    , m_text(slider->getText())
     , m_wasDefault(m_field && m_field->isDefault())
 {
     const auto parts = slider->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
@@ -40,10 +40,10 @@ bool DvCellSliderGuard::handleKey(int key)
 
 void DvCellSliderGuard::revert()
 {
-    const bool changed = m_slider->getText() != m_text;
     m_slider->updateEdit();
-    if (!changed || !m_element || m_owner->getField() != m_field || m_row >= m_field->getNum())
+    if (!m_slider->hasWritten() || !m_element || m_owner->getField() != m_field || m_row >= m_field->getNum())
         return;
+    const KlvEditScope scope(m_field, m_row, 1);
     setElements(m_field, m_row, m_element.get());
     if (!m_wasDefault)
         return;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QString>
 
 #include <memory>
 
@@ -37,6 +36,5 @@ private:
     int m_row;
     SoMField* m_field;
     std::unique_ptr<SoMField> m_element;
-    QString m_text;
     bool m_wasDefault;
 };

@@ -1,5 +1,8 @@
 #include "FieldEditors/MFWidgets/DvMFLineWidget.h"
 
+#include <KlvExtender/KlvEditScope.h>
+#include <KlvExtender/SceneGraph/SoFieldElements.h>
+
 #include <Inventor/fields/SoMField.h>
 
 DvMFLineWidget::DvMFLineWidget(const char* name)
@@ -16,5 +19,11 @@ DvMFLineWidget::~DvMFLineWidget() = default;
 
 void DvMFLineWidget::setSingleFieldValue(SbString text, int row, int)
 {
-    writeElement(row, text);
+    SoMField* field = m_field;
+    const KlvEditScope scope(field, row, 1);
+    const bool wasDefault = field->isDefault();
+    const auto before = copyElements(field, row, 1);
+    // Another spelling of the same value is no change.
+    if (writeElement(row, text) && wasDefault && before && before->isSame(*copyElements(field, row, 1)))
+        field->setDefault(TRUE);
 }

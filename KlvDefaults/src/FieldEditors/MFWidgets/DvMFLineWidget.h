@@ -2,8 +2,8 @@
 
 #include "FieldEditors/MFWidgets/DvMFColumnWidget.h"
 
-/// Base of the editors of number fields, whose cell edits leave nothing in the history. By itself it edits
-/// any multi-value field that way.
+/// Base of the editors of number fields, whose cell edits are no steps of the history, though noted as
+/// changes. By itself it edits any multi-value field that way.
 class DvMFLineWidget : public DvMFColumnWidget
 {
     Q_OBJECT

@@ -230,6 +230,8 @@ void DvMFieldTable::deleteRows(Rows rows)
     // The change of the field may have refreshed the table already.
     if (rowCount() > left)
         model()->removeRows(rows.first, rowCount() - left);
+    // Those who go on deleting go on downwards.
+    setCurrentCell(std::min(rows.first, left - 1), 0, QItemSelectionModel::NoUpdate);
     followCurrentRow(currentRow());
 }
 

@@ -62,11 +62,12 @@ public:
     /// Writes the clipboard's text into the elements from the first selected row or the current one on, as if
     /// it was typed: values outside a fixed range are brought into it. Tabs and line breaks separate cells.
     /// One value fills the selection; elements that are missing at the end are added. All of it is one step
-    /// of the history, if the editor records edits.
+    /// of the history.
     void pasteRows();
 
 public Q_SLOTS:
-    /// Deletes the selected rows while Shift is held, else the current row.
+    /// Deletes the selected rows while Shift is held, else the current row. The row that moves into the place
+    /// of the first of them is current then; the last row if there is none.
     virtual void deleteRow();
     /// Adds a row below the current one, which stays current; a first row if there is no current one.
     virtual void addRow();

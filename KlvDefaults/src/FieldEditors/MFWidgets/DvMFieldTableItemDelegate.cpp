@@ -1,6 +1,7 @@
 #include "FieldEditors/MFWidgets/DvMFieldTableItemDelegate.h"
 
 #include "FieldEditors/DvIntSlider.h"
+#include "FieldEditors/DvPastedNumber.h"
 #include "FieldEditors/DvRealSlider.h"
 #include "FieldEditors/DvUIntSlider.h"
 #include "FieldEditors/MFWidgets/DvCellSliderGuard.h"
@@ -154,6 +155,7 @@ QWidget* DvMFieldTableItemDelegate::createEditor(QWidget* parent, const QStyleOp
     edit->setText(cell.text);
     edit->setProperty(OpenedWith, cell.text);
     setValidator(edit);
+    DvPastedNumber::install(edit);
     return edit;
 }
 

@@ -45,6 +45,7 @@ QAction* addTableAction(DvMFieldTable* table, QKeySequence::StandardKey shortcut
     action->setShortcut(shortcut);
     // In a cell editor these keys are for its text.
     action->setShortcutContext(Qt::WidgetShortcut);
+    action->setShortcutVisibleInContextMenu(true);
     QObject::connect(action, &QAction::triggered, table, operation);
     table->addAction(action);
     return action;
@@ -64,15 +65,23 @@ DvMFieldWidget::DvMFieldWidget(int tableType, const char* name)
     , m_downIcon(down_icon)
     , m_defaultIcon(default_icon)
     , m_ignoreIcon(ignore_icon)
+    , m_tableType(tableType)
 {
     setObjectName(QString::fromUtf8(name ? name : "DvMFieldWidget"));
-    m_table = tableType == colorTable ? new DvMFColorTable(this, getWidgetContainer(), "m_table")
-                                      : new DvMFieldTable(this, getWidgetContainer(), "m_table");
-    // A window that shows the container takes it along when it goes first.
+    makeTable();
+}
+
+void DvMFieldWidget::makeTable()
+{
+    m_table = m_tableType == colorTable ? new DvMFColorTable(this, getWidgetContainer(), "m_table")
+                                        : new DvMFieldTable(this, getWidgetContainer(), "m_table");
+    // A window that shows the container takes it and all that is in it along when it goes first.
     connect(m_table, &QObject::destroyed, this, [this] {
         m_table = nullptr;
         m_accessBox = nullptr;
-        m_labelNumElement = nullptr;
+        m_label = m_labelNumElement = nullptr;
+        m_globalLayout = nullptr;
+        m_upButton = m_downButton = m_defaultButton = m_ignoreButton = m_deleteButton = m_addButton = nullptr;
     });
     m_copyAction = addTableAction(m_table, QKeySequence::Copy, &DvMFieldTable::copyRows);
     m_pasteAction = addTableAction(m_table, QKeySequence::Paste, &DvMFieldTable::pasteRows);
@@ -86,6 +95,8 @@ DvMFieldWidget::~DvMFieldWidget()
 
 void DvMFieldWidget::load()
 {
+    if (renewContainer())
+        makeTable();
     KlvFieldEditors::load();
     clear();
     QFrame* container = getWidgetContainer();
@@ -188,17 +199,21 @@ void DvMFieldWidget::languageChange()
     }
     m_accessBox->setToolTip(tr("Quick access to rows"));
     m_accessBox->setAccessibleName(m_accessBox->toolTip());
-    m_copyAction->setText(tr("Copy rows"));
-    m_pasteAction->setText(tr("Paste into rows"));
+    m_copyAction->setText(tr("Copy Rows"));
+    m_pasteAction->setText(tr("Paste into Rows"));
 }
 
 void DvMFieldWidget::setFieldName(const QString& kind)
 {
+    if (renewContainer())
+        makeTable();
     nameKind(m_label, getWidgetContainer(), kind);
 }
 
 void DvMFieldWidget::setField(SoField* field)
 {
+    if (!m_table)
+        field = nullptr;
     if (!field || checkField(field))
         editField(static_cast<SoMField*>(field));
     else if (m_field)

@@ -31,7 +31,7 @@ public:
     /// The same, with a table for colors if `tableType` is 1.
     DvMFieldWidget(int tableType, const char* name);
 
-    /// Builds the widgets. Called again it builds them anew.
+    /// Builds the widgets. Called again it builds them anew, also after their frame was destroyed.
     void load() override;
     /// Takes a field that `checkField()` accepts; another one is watched, but the field that was edited
     /// before stays the edited one. Null lets go of it.
@@ -52,8 +52,6 @@ public:
     virtual int getTextFlags();
     /// True for fields that this editor edits.
     virtual bool checkField(SoField* field);
-    /// The text that a cell shows, which may be a shorter one than is edited.
-    virtual QString getShownText(int row, int column) const;
 
     ~DvMFieldWidget() override;
 
@@ -75,6 +73,10 @@ public Q_SLOTS:
     /// Resets the field to its default.
     virtual void setDefaultFieldValue();
 
+public:
+    /// The text that a cell shows, which may be a shorter one than is edited.
+    virtual QString getShownText(int row, int column) const;
+
 protected:
     AccessButtonPrivate* m_accessBox = nullptr;
     QPushButton* m_upButton = nullptr;
@@ -92,6 +94,7 @@ protected:
     QHBoxLayout* m_manageButtonsLayout = nullptr;
 
 private:
+    void makeTable();
     void clear();
     void buildButtonRow();
     QHBoxLayout* addButtonPair(const char* name, QPushButton* left, QPushButton* right);
@@ -104,6 +107,7 @@ private:
     QPixmap m_downIcon;
     QPixmap m_defaultIcon;
     QPixmap m_ignoreIcon;
+    const int m_tableType;
     bool m_refreshOn = true;
     QAction* m_copyAction = nullptr;
     QAction* m_pasteAction = nullptr;

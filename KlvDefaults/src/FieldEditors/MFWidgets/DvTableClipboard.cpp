@@ -1,9 +1,11 @@
 #include "FieldEditors/MFWidgets/DvTableClipboard.h"
 
+#include "FieldEditors/KlvMFSetFieldValueCommand.h"
 #include "FieldEditors/MFWidgets/DvMFieldTable.h"
 #include "FieldEditors/MFWidgets/DvMFieldWidget.h"
 
 #include <KlvExtender/KlvEditScope.h>
+#include <KlvExtender/KlvServices.h>
 
 #include <Inventor/fields/SoMField.h>
 
@@ -126,6 +128,8 @@ void DvTableClipboard::paste(int first, int count) const
             for (int column = 0; column < std::min<int>(line.size(), m_table->columnCount()); ++column)
                 m_owner->set1Value(first + i, column, m_table->withinBounds(line.at(column)));
         });
+        // Some editors record no edits of cells.
+        KlvServices::getInstance()->pushCommand(new KlvMFSetFieldValueCommand(field, first));
     }
     if (table)
         m_owner->refresh();

@@ -1,5 +1,6 @@
 #include "FieldEditors/SFWidgets/DvFloatEdit.h"
 
+#include "FieldEditors/DvPastedNumber.h"
 #include "FieldEditors/DvRealValidator.h"
 
 #include <QFocusEvent>
@@ -8,6 +9,7 @@ DvFloatEdit::DvFloatEdit(QWidget* parent)
     : QLineEdit(parent)
 {
     setValidator(new DvRealValidator(DvRealValidator::Float, this));
+    DvPastedNumber::install(this);
     setAlignment(Qt::AlignLeft);
 }
 

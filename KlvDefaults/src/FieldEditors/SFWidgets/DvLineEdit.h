@@ -10,4 +10,15 @@ class DvLineEdit : public QLineEdit
 
 public:
     explicit DvLineEdit(QWidget* parent);
+
+    /// Shows by a tint and a tool tip that a field did not take the text.
+    void setRefused(bool refused);
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void showTint();
+
+    bool m_refused = false;
 };

@@ -2,6 +2,8 @@
 
 #include "FieldEditors/SFWidgets/EnumEntries.h"
 
+#include <KlvExtender/KlvEditScope.h>
+
 #include <Inventor/fields/SoSFBitMask.h>
 
 #include <QCheckBox>
@@ -76,6 +78,7 @@ void DvSFBitMaskWidget::setBitMaskValue()
                 value |= entry.value;
         }
     }
+    const KlvEditScope scope(field);
     field->setValue(value);
 }
 

@@ -10,9 +10,9 @@ class QVBoxLayout;
 
 /// The editor of bit mask fields: a check box for each named bit.
 ///
-/// Other than all other editors it records no command, so that its edits are no steps of the history, and it
-/// shows the value that the field had when it was set: later changes from elsewhere, undo included, show when
-/// the field is set again.
+/// Other than all other editors it records no command, so that its edits are no steps of the history, though
+/// noted as changes, and it shows the value that the field had when it was set: later changes from elsewhere,
+/// undo included, show when the field is set again.
 class DvSFBitMaskWidget : public DvSFieldWidget
 {
     Q_OBJECT

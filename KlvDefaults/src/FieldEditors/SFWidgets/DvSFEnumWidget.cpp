@@ -37,7 +37,7 @@ void DvSFEnumWidget::setField(SoField* field)
     m_replacedItem = -1;
     if (comboBox)
         comboBox->clear();
-    if (field) {
+    if (comboBox && field) {
         for (const EnumEntry& entry : enumEntries(*static_cast<SoSFEnum*>(field)))
             comboBox->addItem(entry.name);
     }

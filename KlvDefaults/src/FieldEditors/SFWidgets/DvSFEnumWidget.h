@@ -2,6 +2,8 @@
 
 #include "FieldEditors/SFWidgets/DvSFieldWidget.h"
 
+#include <QPointer>
+
 class QComboBox;
 
 /// The editor of enumeration fields: a combo box with the names of the field's enumeration.
@@ -29,7 +31,7 @@ public Q_SLOTS:
 private:
     void restoreItemText();
 
-    QComboBox* comboBox = nullptr;
+    QPointer<QComboBox> comboBox;
     int m_replacedItem = -1;
     QString m_replacedText;
 };

@@ -1,5 +1,6 @@
 #include "FieldEditors/SFWidgets/DvSFFloatColumns.h"
 
+#include "FieldEditors/DvEscapeKey.h"
 #include "FieldEditors/SFWidgets/DvFloatEdit.h"
 
 #include <algorithm>
@@ -10,18 +11,21 @@ DvSFFloatColumns::~DvSFFloatColumns() = default;
 void DvSFFloatColumns::load()
 {
     DvSFColumnsWidget::load();
-    m_edits.assign(captions().size(), nullptr);
-    for (DvFloatEdit*& edit : m_edits) {
+    m_edits.clear();
+    while (m_edits.size() < size_t(captions().size())) {
+        QLineEdit* edit = nullptr;
         QLabel* label = nullptr;
         buildComponent(edit, label);
+        m_edits.push_back(static_cast<DvFloatEdit*>(edit));
     }
     setNameLabels(captions().constData());
 }
 
-void DvSFFloatColumns::buildComponent(DvFloatEdit*& edit, QLabel*& label)
+void DvSFFloatColumns::buildComponent(QLineEdit*& edit, QLabel*& label)
 {
     edit = new DvFloatEdit(m_editionFrame);
     label = addColumn(edit);
+    DvEscapeKey::install(edit, edit, [this] { refresh(); });
     connect(edit, SIGNAL(editingFinished()), this, SLOT(setFocusLeaveEvent()));
     connect(edit, SIGNAL(returnPressed()), this, SLOT(setCommandValue()));
 }

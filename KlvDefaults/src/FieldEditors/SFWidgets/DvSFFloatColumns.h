@@ -3,6 +3,7 @@
 #include "FieldEditors/SFWidgets/DvSFColumnsWidget.h"
 
 class DvFloatEdit;
+class QLineEdit;
 
 /// Base of the editors of values with two to four single-precision components, one line edit each.
 ///
@@ -35,7 +36,7 @@ protected:
     using DvSFColumnsWidget::DvSFColumnsWidget;
 
     /// Makes one column.
-    void buildComponent(DvFloatEdit*& edit, QLabel*& label);
+    void buildComponent(QLineEdit*& edit, QLabel*& label);
     /// Reads the components of the field, which is set.
     virtual void getComponents(float* components) const = 0;
     /// Writes the components into the field, which is set. False when they make no value of the kind; the

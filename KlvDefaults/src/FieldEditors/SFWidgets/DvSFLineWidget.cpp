@@ -1,5 +1,6 @@
 #include "FieldEditors/SFWidgets/DvSFLineWidget.h"
 
+#include "FieldEditors/DvEscapeKey.h"
 #include "FieldEditors/SFWidgets/DvLineEdit.h"
 
 #include <KlvExtender/SceneGraph/SbStringText.h>
@@ -24,6 +25,7 @@ void DvSFLineWidget::load()
     setFieldName(QStringLiteral("SField"));
     DvSFieldWidget::load();
     lineEdit = new DvLineEdit(m_editionFrame);
+    DvEscapeKey::install(lineEdit, lineEdit, [this] { refresh(); });
     m_editLayout->addWidget(lineEdit, 1);
     connect(lineEdit, SIGNAL(editingFinished()), this, SLOT(setFocusLeaveEvent()));
     connect(lineEdit, SIGNAL(returnPressed()), this, SLOT(applyChanges()));
@@ -41,6 +43,7 @@ void DvSFLineWidget::refresh()
         m_field->get(text);
         lineEdit->setText(toUtf16(text));
         lineEdit->setCursorPosition(m_cursorPosition);
+        static_cast<DvLineEdit*>(lineEdit)->setRefused(false);
     }
     DvSFieldWidget::refresh();
 }
@@ -57,6 +60,7 @@ void DvSFLineWidget::applyChanges(const QString&)
     const int cursorPosition = lineEdit->cursorPosition();
     const bool taken = setFieldFromText(m_field, fromUtf16(lineEdit->text()));
     lineEdit->setCursorPosition(cursorPosition);
+    static_cast<DvLineEdit*>(lineEdit)->setRefused(!taken);
     recordValue();
     // A text that was not taken leaves the echo of an earlier one due.
     if (taken)

@@ -57,8 +57,7 @@ void DvSFRotationWidget::focusOutEvent(QFocusEvent* event)
 
 void DvSFRotationWidget::commit()
 {
-    // The host may have deleted the widgets before it lets go of the editor.
-    if (!m_field || !getWidgetContainer())
+    if (!m_field)
         return;
     for (DvFloatEdit* edit : edits())
         edit->dropUnacceptableText();

@@ -26,7 +26,7 @@ void DvSFSliderWidget::load()
 
 void DvSFSliderWidget::setField(SoField* field)
 {
-    if (field)
+    if (field && getWidget())
         takeRange(field->getContainer());
     DvSFieldWidget::setField(field);
 }

@@ -1,5 +1,6 @@
 #include "FieldEditors/SFWidgets/DvSFTextWidget.h"
 
+#include "FieldEditors/DvEscapeKey.h"
 #include "FieldEditors/SFWidgets/DvLineEdit.h"
 
 #include <KlvExtender/SceneGraph/SbStringText.h>
@@ -23,6 +24,7 @@ void DvSFTextWidget::load()
     setFieldName(toUtf16(m_handledTypeName));
     DvSFieldWidget::load();
     lineEdit = new DvLineEdit(m_editionFrame);
+    DvEscapeKey::install(lineEdit, lineEdit, [this] { refresh(); });
     m_editLayout->addWidget(lineEdit, 1);
     connect(lineEdit, SIGNAL(editingFinished()), this, SLOT(setCommandValue()));
 }
@@ -41,6 +43,7 @@ void DvSFTextWidget::refresh()
         if (lineEdit->text() != m_shownText)
             lineEdit->setText(m_shownText);
         lineEdit->setModified(false);
+        static_cast<DvLineEdit*>(lineEdit)->setRefused(false);
     }
     DvSFieldWidget::refresh();
 }
@@ -55,8 +58,10 @@ void DvSFTextWidget::applyChanges()
     const QString text = lineEdit->text();
     if (!m_field)
         return;
-    if (text != m_shownText && writeText(text))
+    const bool taken = text == m_shownText || writeText(text);
+    if (taken)
         m_shownText = text;
+    static_cast<DvLineEdit*>(lineEdit)->setRefused(!taken);
     recordValue();
 }
 

@@ -54,8 +54,8 @@ DvSFieldWidget::DvSFieldWidget(const char* name)
 DvSFieldWidget::DvSFieldWidget(SFFrameType type, const char* name)
     : DvSFieldWidget(name)
 {
-    if (type >= FloatFrame && type <= UShortFrame)
-        m_editionFrame = createSliderFrame[type - FloatFrame](this, getWidgetContainer());
+    m_frameType = type;
+    makeSliderFrame();
 }
 
 DvSFieldWidget::~DvSFieldWidget()
@@ -65,8 +65,25 @@ DvSFieldWidget::~DvSFieldWidget()
         delete m_editionFrame;
 }
 
+void DvSFieldWidget::makeSliderFrame()
+{
+    if (m_frameType >= FloatFrame && m_frameType <= UShortFrame)
+        m_editionFrame = createSliderFrame[m_frameType - FloatFrame](this, getWidgetContainer());
+}
+
+void DvSFieldWidget::renewWidgets()
+{
+    if (!renewContainer())
+        return;
+    m_label = nullptr;
+    m_layout = nullptr;
+    m_editionFrame = nullptr;
+    makeSliderFrame();
+}
+
 void DvSFieldWidget::load()
 {
+    renewWidgets();
     KlvFieldEditors::load();
     clear();
     QFrame* container = getWidgetContainer();
@@ -148,19 +165,22 @@ void DvSFieldWidget::languageChange()
 
 void DvSFieldWidget::setFieldName(const QString& kind)
 {
+    renewWidgets();
     nameKind(m_label, getWidgetContainer(), kind);
 }
 
 void DvSFieldWidget::setField(SoField* field)
 {
-    m_field = field;
+    // Without its widgets an editor edits nothing.
+    m_field = field && getWidget() ? field : nullptr;
     m_echoDue = false;
-    KlvFieldEditors::setField(field);
+    KlvFieldEditors::setField(m_field);
 }
 
 void DvSFieldWidget::refresh()
 {
-    m_ignoreButton->setChecked(m_field && m_field->isIgnored());
+    if (getWidget())
+        m_ignoreButton->setChecked(m_field && m_field->isIgnored());
 }
 
 bool DvSFieldWidget::edited()

@@ -39,7 +39,7 @@ public:
     /// The same, with a slider frame as the edition frame.
     DvSFieldWidget(SFFrameType type, const char* name);
 
-    /// Builds the row. Called again it builds it anew.
+    /// Builds the row. Called again it builds it anew, also after its frame was destroyed.
     void load() override;
     void setField(SoField* field) override;
     /// Shows the ignored flag; overrides show the value and then call this one.
@@ -95,12 +95,15 @@ protected:
     QSpacerItem* m_editionSpacer = nullptr;
 
 private:
+    void renewWidgets();
+    void makeSliderFrame();
     void clear();
     void buildEditionFrame();
     void buildButtons();
 
     QPixmap m_defaultIcon;
     QPixmap m_ignoreIcon;
+    SFFrameType m_frameType = NoFrame;
     SbString m_echoText;
     bool m_echoDue = false;
 };
