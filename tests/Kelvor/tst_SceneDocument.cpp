@@ -205,6 +205,11 @@ private Q_SLOTS:
         info->string = "C:\\";
         root->addChild(info);
         QVERIFY(!m_document->save(path("old.iv"), &m_error) && m_error.contains("Info.string"));
+        info->string = "";
+        auto* const paths = new SoPathSwitch;
+        paths->path = new SoPath(root->getChild(0));
+        root->addChild(paths);
+        QVERIFY(!m_document->save(path("old.iv"), &m_error) && m_error.contains("PathSwitch.path"));
         QCOMPARE(read("old.iv"), QByteArray("old"));
         QCOMPARE(m_document->fileName(), QString());
         QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList("old.iv"));

@@ -161,6 +161,21 @@ void answerQuestions(int argc, char** argv)
     ProgramOptions::parse(QCoreApplication::arguments(), error);
 }
 
+/// Coin loads libraries of its own when it needs them, for compressed files and for fonts, by names that only
+/// their development packages have.
+void nameLibraries()
+{
+    static constexpr const char* names[][2] = {
+        {"COIN_ZLIB_LIBNAME", "libz.so.1"},
+        {"COIN_BZIP2_LIBNAME", "libbz2.so.1.0"},
+        {"COIN_FREETYPE2_LIBNAME", "libfreetype.so.6"},
+        {"COIN_FONTCONFIG_LIBNAME", "libfontconfig.so.1"},
+    };
+    for (const auto& [variable, name] : names)
+        if (!qEnvironmentVariableIsSet(variable))
+            qputenv(variable, name);
+}
+
 int runApplication(int argc, char** argv)
 {
     std::vector<char*> arguments(argv, argv + argc);
@@ -183,6 +198,7 @@ int runKelvor(int argc, char** argv)
 {
     nameApplication();
     answerQuestions(argc, argv);
+    nameLibraries();
     SoDB::init();
     SoInteraction::init();
     const int result = runApplication(argc, argv);

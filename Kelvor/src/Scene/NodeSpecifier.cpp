@@ -2,6 +2,8 @@
 
 #include "Models/SceneSearch.h"
 
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
+
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoFieldContainer.h>
 #include <Inventor/lists/SoFieldList.h>
@@ -58,7 +60,7 @@ void findContainer(SoNode* root, const QString& text, NodeSpecifier::Result& res
     const int number = match.captured(2).toInt();
     int passed = 0;
     const auto isOfType = [&](const SoNode* node) {
-        const SbName its = node->getTypeId().getName();
+        const SbName its = objectType(node);
         return its == type || its == shortType;
     };
     // Occurrences may be many more than nodes; they are only counted when there is something to count.
@@ -102,7 +104,7 @@ void findField(const QString& text, NodeSpecifier::Result& result)
         }
         names += QString::fromUtf8(name.getString());
     }
-    const QString type = QString::fromUtf8(result.container->getTypeId().getName().getString());
+    const QString type = QString::fromUtf8(objectType(result.container).getString());
     result.error =
         names.isEmpty()
             ? tr("%1 has no field \"%2\"; it has none at all.").arg(type, text)

@@ -1,15 +1,18 @@
 #include "SceneWriter.h"
 
-#include "Models/ObjectLabel.h"
 #include "Models/SceneWalk.h"
 #include "ReadErrors.h"
+
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SoDB.h>
 #include <Inventor/SoInput.h>
 #include <Inventor/SoOutput.h>
 #include <Inventor/actions/SoWriteAction.h>
 #include <Inventor/fields/SoFieldData.h>
+#include <Inventor/fields/SoMFPath.h>
 #include <Inventor/fields/SoMFString.h>
+#include <Inventor/fields/SoSFPath.h>
 #include <Inventor/fields/SoSFString.h>
 #include <Inventor/misc/SoChildList.h>
 #include <Inventor/misc/SoProto.h>
@@ -51,13 +54,33 @@ void writeChildren(SoNode& root, SoOutput& output)
     output.resolveRoutes();
 }
 
-/// The first string of a node that would take what follows it along when it is read again: Inventor files
-/// have no way to write a backslash at the end.
-QString unwritableString(SoNode* root)
+/// Why Coin cannot write what a field holds so that it can be read again; empty when it can.
+QString flaw(const SoField& field)
 {
     const auto endsBadly = [](const SbString& text) {
         return text.getLength() > 0 && text[text.getLength() - 1] == '\\';
     };
+    bool isBad = false;
+    if (field.isOfType(SoSFString::getClassTypeId()))
+        isBad = endsBadly(static_cast<const SoSFString&>(field).getValue());
+    if (field.isOfType(SoMFString::getClassTypeId())) {
+        const auto& list = static_cast<const SoMFString&>(field);
+        const SbString* strings = list.getValues(0);
+        isBad = std::any_of(strings, strings + list.getNum(), endsBadly);
+    }
+    if (isBad)
+        return SceneWriter::tr("a string in %1 ends in a backslash, which the file cannot hold");
+    // Of a path, the nodes along it would be written.
+    if (field.isOfType(SoSFPath::getClassTypeId()) && static_cast<const SoSFPath&>(field).getValue())
+        return SceneWriter::tr("%1 holds a path, which Coin cannot write");
+    if (field.isOfType(SoMFPath::getClassTypeId()) && static_cast<const SoMFPath&>(field).getNum() > 0)
+        return SceneWriter::tr("%1 holds paths, which Coin cannot write");
+    return QString();
+}
+
+/// The same for all nodes of a scene, with the name of the field.
+QString flaw(SoNode* root)
+{
     SceneWalk walk(root, SceneWalk::Visits::EachNode);
     while (const SoNode* node = walk.next()) {
         const SoFieldData* data = node->getFieldData();
@@ -65,16 +88,8 @@ QString unwritableString(SoNode* root)
             continue;
         for (int i = 0; i < data->getNumFields(); ++i) {
             const SoField* field = data->getField(node, i);
-            bool isBad = false;
-            if (field->isOfType(SoSFString::getClassTypeId()))
-                isBad = endsBadly(static_cast<const SoSFString*>(field)->getValue());
-            else if (field->isOfType(SoMFString::getClassTypeId())) {
-                const auto* list = static_cast<const SoMFString*>(field);
-                const SbString* strings = list->getValues(0);
-                isBad = std::any_of(strings, strings + list->getNum(), endsBadly);
-            }
-            if (isBad)
-                return fieldLabel(*field);
+            if (const QString reason = flaw(*field); !reason.isEmpty())
+                return reason.arg(fieldLabel(*field));
         }
     }
     return QString();
@@ -104,8 +119,8 @@ QString SceneWriter::write(SoNode& root, const QString& name)
     if (QFileInfo(name).isDir())
         return tr("it is a folder");
 
-    if (const QString field = unwritableString(&root); !field.isEmpty())
-        return tr("a string in %1 ends in a backslash, which the file cannot hold").arg(field);
+    if (const QString reason = flaw(&root); !reason.isEmpty())
+        return reason;
 
     SoOutput output;
     output.setBuffer(std::malloc(1 << 16), 1 << 16, std::realloc);

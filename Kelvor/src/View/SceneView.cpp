@@ -39,6 +39,7 @@ SceneView::SceneView(QWidget* parent)
     , m_navigation(m_camera, {[this] { return QSizeF(size()); }, [this] { m_control.takeOver(); },
                               [this] { scheduleFrame(); }, [this](QPointF p) { return pointAt(p); }})
     , m_stage(m_camera.node())
+    , m_geometry(m_stage.node())
     , m_renderer(m_rule)
     , m_actions(this)
 {
@@ -140,8 +141,10 @@ void SceneView::drawFrame()
     const QSize pixels = m_pixels = size() * devicePixelRatioF();
     m_viewport = SbViewportRegion(static_cast<short>(std::clamp(pixels.width(), 1, 32000)),
                                   static_cast<short>(std::clamp(pixels.height(), 1, 32000)));
-    if (!canDraw())
+    if (!hindrance().isEmpty()) {
+        m_image = QImage();
         return;
+    }
     m_control.draw([this] { m_image = render(); });
     m_actions.lookThrough->setEnabled(m_control.sceneHasCamera());
     m_actions.lookThrough->setChecked(m_control.looksThroughScene());
@@ -171,7 +174,7 @@ void SceneView::paintOverlay()
 
 std::optional<SceneHighlight::Mark> SceneView::findHighlight()
 {
-    if (!m_highlight.isSet())
+    if (!m_highlight.isSet() || !m_geometry.fault().isEmpty())
         return std::nullopt;
     ViewBoxAction action(m_viewport, m_rule);
     return m_highlight.find(m_stage, action);
@@ -179,7 +182,8 @@ std::optional<SceneHighlight::Mark> SceneView::findHighlight()
 
 SbBox3f SceneView::sceneBox()
 {
-    return ViewBoxAction(m_viewport, m_rule).measure(m_stage.node());
+    return m_geometry.fault().isEmpty() ? ViewBoxAction(m_viewport, m_rule).measure(m_stage.node())
+                                        : SbBox3f();
 }
 
 /// Valid as long as the action.
@@ -191,8 +195,7 @@ const SoPickedPoint* SceneView::pick(ViewPickAction& action, QPointF position)
 
 std::optional<SbVec3f> SceneView::pointAt(QPointF position)
 {
-    // Some shapes need OpenGL to be picked.
-    if (!canDraw())
+    if (!hindrance().isEmpty())
         return std::nullopt;
     ViewPickAction action(m_viewport, m_rule);
     const SoPickedPoint* const picked = pick(action, position);
@@ -255,7 +258,7 @@ void SceneView::mousePressEvent(QMouseEvent* event)
 
 void SceneView::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (!m_navigation.mouseRelease(*event) || !canDraw())
+    if (!m_navigation.mouseRelease(*event) || !hindrance().isEmpty())
         return;
     m_clickSought = m_actions.seek->isChecked();
     if (m_clickSought)
@@ -301,10 +304,18 @@ void SceneView::paintEvent(QPaintEvent*)
     QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
+/// Why the scene can neither be drawn nor picked in, as a sentence; empty when it can.
+QString SceneView::hindrance()
+{
+    if (!canDraw()) // some shapes need OpenGL to be picked, too
+        return tr("No OpenGL here: the scene is not drawn");
+    const QString fault = m_geometry.fault();
+    return fault.isEmpty() ? fault : tr("The scene is not drawn: %1.").arg(fault);
+}
+
 void SceneView::paintPlaceholder(QPainter& painter)
 {
     painter.fillRect(rect(), palette().color(QPalette::Window));
     painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("No OpenGL here: the scene is not drawn"));
+    painter.drawText(rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap, hindrance());
 }

@@ -2,6 +2,7 @@
 
 #include "CameraControl.h"
 #include "CameraNavigation.h"
+#include "GeometryWatch.h"
 #include "SceneHighlight.h"
 #include "SceneRenderer.h"
 #include "ViewActions.h"
@@ -27,6 +28,9 @@ class ViewPickAction;
 ///
 /// A click selects what is under the pointer, a drag navigates (`CameraNavigation`), a double click goes to
 /// the point that was hit.
+///
+/// A scene with a shape that Coin would not survive is neither drawn nor measured nor picked in. A sentence
+/// that names the shape stands in place of the picture until its numbers fit together again.
 ///
 /// A change of the scene gives a new picture: at most one in a sixtieth of a second, fewer where drawing
 /// takes long, and none while the view is not visible. The view draws with an OpenGL context of its own and
@@ -107,6 +111,7 @@ private:
     std::optional<SbVec3f> pointAt(QPointF position);
     void select(QPointF position);
     void seek(QPointF position);
+    QString hindrance();
     void paintPlaceholder(QPainter& painter);
 
     CameraRule m_rule;
@@ -114,6 +119,7 @@ private:
     CameraControl m_control;
     CameraNavigation m_navigation;
     ViewStage m_stage;
+    GeometryWatch m_geometry;
     SceneRenderer m_renderer;
     SceneHighlight m_highlight;
     ViewActions m_actions;

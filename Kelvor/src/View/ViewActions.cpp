@@ -106,3 +106,9 @@ ViewActions::ViewActions(QWidget* view)
     frame->setEnabled(false);
     lookThrough->setEnabled(false);
 }
+
+void ViewActions::setSceneShown(bool shown) const
+{
+    for (QAction* action : {viewAll, home, setHome, seek, orthographic, headlight, clearSelection})
+        action->setEnabled(shown);
+}

@@ -22,4 +22,7 @@ struct ViewActions
     QAction* orthographic;
     QAction* headlight;
     QAction* clearSelection;
+
+    /// Enables what does something whenever a scene is shown.
+    void setSceneShown(bool shown) const;
 };
