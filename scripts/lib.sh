@@ -16,10 +16,8 @@ fail() {
 as_root() {
     if [[ $EUID -eq 0 ]]; then
         "$@"
-    elif command -v sudo >/dev/null; then
-        sudo "$@"
     else
-        fail "software has to be installed, which needs root or sudo: $*"
+        sudo "$@"
     fi
 }
 
@@ -45,6 +43,8 @@ install_packages() {
     if [[ ${#missing[@]} -eq 0 ]]; then
         return
     fi
+    [[ $EUID -eq 0 ]] || command -v sudo >/dev/null ||
+        fail "these packages are missing, and installing them needs root or sudo: ${missing[*]}"
     say "installing ${missing[*]}"
     as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq
     as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \

@@ -16,7 +16,7 @@ inline SoSeparator* make()
                    " IndexedFaceSet { vertexProperty VertexProperty { vertex [0 0 0, 1 0 0, 0 1 0] } }"
                    " Transform { translation 1 2 3 ~ } MatrixTransform {} ClipPlane {} DrawStyle {}"
                    " DEF Box-2 Text3 {} Texture2 {} LOD {} Info {} MaterialBinding {} Environment {}"
-                   " GeoOrigin {} }");
+                   " GeoOrigin {} Probe { fields [ SFFloat x, MFInt32 list ] x 3 } }");
 }
 
 struct Tuning
@@ -55,6 +55,8 @@ inline const std::vector<Tuning>& tunings()
         {{10}, "string", nullptr, with<SoSFString>("ends in \\")},
         {{12}, "ambientIntensity", nullptr, with<SoSFFloat>(-std::numeric_limits<float>::infinity())},
         {{13}, "geoCoords", nullptr, with<SoSFVec3d>(0.1 + 0.2, -59.84537233416583, 1e300)},
+        {{14}, "x", "0.25"},
+        {{14}, "list", "[1, 2]"},
     };
     return all;
 }

@@ -4,9 +4,11 @@
 
 #include "TestMain.h"
 
+#include <KlvExtender/KlvContainerRef.h>
 #include <KlvExtender/KlvServices.h>
 
 #include <Inventor/engines/SoCalculator.h>
+#include <Inventor/engines/SoCounter.h>
 
 /// The panel on a small scene, used with mouse and keys.
 class tst_FieldListPanel : public QObject
@@ -137,6 +139,28 @@ private Q_SLOTS:
         paste("5");
         m_services->setSelectedField(nullptr);
         QTRY_COMPARE(names(), QString("depth"));
+    }
+
+    void triggersAreFired()
+    {
+        auto* counter = new SoCounter;
+        const KlvContainerRef kept(counter);
+        SoSFShort count;
+        count.connectFrom(&counter->output);
+        m_services->setSelectedField(&counter->trigger);
+        QTest::keyClick(m_view, Qt::Key_T, Qt::ControlModifier);
+        QCOMPARE(count.getValue(), 1);
+    }
+
+    void valuesKeepRoomInNarrowLists()
+    {
+        const QHeaderView* header = m_view->header();
+        for (const int width : {250, 400, 700}) {
+            m_panel->resize(width, 500);
+            QCOMPARE(header->length(), header->width());
+            QVERIFY(header->sectionSize(FieldListModel::ValueColumn) > width / 4);
+            QCOMPARE(header->isSectionHidden(FieldListModel::TypeColumn), width < 500);
+        }
     }
 
     void copies()

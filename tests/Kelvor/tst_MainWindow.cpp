@@ -1,12 +1,16 @@
 #include "Answer.h"
 
+#include "Models/DockReveal.h"
 #include "Models/SceneTreePanel.h"
 #include "Scene/SceneDocument.h"
+#include "View/SceneView.h"
 #include "Window/DocumentActions.h"
 #include "Window/HostPlugins.h"
 #include "Window/HostSettings.h"
 #include "Window/MainWindow.h"
 
+#include <KlvExtender/KlvPluginsManager.h>
+#include <KlvExtender/KlvProfile.h>
 #include <KlvExtender/KlvServices.h>
 
 class tst_MainWindow : public QObject
@@ -39,6 +43,15 @@ class tst_MainWindow : public QObject
     }
 
     QDockWidget* editorDock() const { return m_window->findChild<QDockWidget*>("KlvFieldEditorDockWin"); }
+
+    QWidget* named(const QString& accessibleName) const
+    {
+        for (auto* widget : m_window->findChildren<QWidget*>()) {
+            if (widget->accessibleName() == accessibleName)
+                return widget;
+        }
+        qFatal("%s", qPrintable(accessibleName));
+    }
 
     /// The text input of the editor, with the focus and its text selected.
     QLineEdit* input() const
@@ -195,6 +208,124 @@ private Q_SLOTS:
         QVERIFY(m_window->document()->save(m_folder.filePath("saved.iv"), &error));
         QVERIFY(m_window->windowTitle().contains("saved.iv"));
         m_services->getUndoStack()->setClean();
+    }
+
+    void lettersInAnOpenMenuAreForTheMenu()
+    {
+        const QAction* headlight = m_window->view()->viewActions().headlight;
+        const bool lit = headlight->isChecked();
+        m_window->view()->setFocus();
+        QTest::keyClick(m_window.get(), Qt::Key_T, Qt::AltModifier);
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_L);
+        QCOMPARE(headlight->isChecked(), lit);
+        QVERIFY(m_window->findChild<QDialog*>()->isVisible()); // of the plug-ins
+    }
+
+    void tabGoesThroughAllThatIsSeen()
+    {
+        // Without a change in the list of changes, and with another panel behind its tab.
+        m_window->findChild<QDockWidget*>("Changes")->raise();
+        m_services->setSelectedField(&cone()->height);
+        m_window->view()->setFocus();
+        QWidgetList visited;
+        do {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            visited << QApplication::focusWidget();
+            QVERIFY2(!visited.last()->visibleRegion().isEmpty(), visited.last()->metaObject()->className());
+        } while (visited.last() != m_window->view() && visited.size() < 100);
+        for (const char* name : {"Scene tree", "Fields", "Value", "Live update"})
+            QVERIFY2(visited.contains(named(name)), name);
+        QVERIFY(visited.last() == m_window->view());
+    }
+
+    void returnInTheFieldListGoesToTheValue()
+    {
+        m_services->setSelectedField(&cone()->height);
+        for (const bool floating : {false, true}) {
+            editorDock()->setFloating(floating);
+            m_window->activateWindow();
+            named("Fields")->setFocus();
+            QTest::keyClick(named("Fields"), Qt::Key_Return);
+            QTRY_COMPARE(QApplication::focusWidget(), named("Value"));
+        }
+    }
+
+    void findsNodesFromEverywhere_data()
+    {
+        QTest::addColumn<QString>("found");
+        for (const char* name : {"3D view", "History", "Changes", "Scene tree"})
+            QTest::newRow(name) << "Find nodes";
+        QTest::newRow("Fields") << "Filter fields";
+    }
+
+    void findsNodesFromEverywhere()
+    {
+        QFETCH(QString, found);
+        m_services->setSelectedField(&cone()->height);
+        QTest::keyClicks(input(), "5\r"); // a change
+        QWidget* start = named(QTest::currentDataTag());
+        revealInDock(start);
+        start->setFocus();
+        QTest::keyClick(start, Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(named(found)->hasFocus());
+        m_services->getUndoStack()->setClean();
+    }
+
+    void aListShowsWhetherItHasTheFocus()
+    {
+        m_services->setSelectedField(&cone()->height);
+        for (const char* name : {"Scene tree", "Fields"}) {
+            auto* list = static_cast<QTreeView*>(named(name));
+            const auto color = [list] {
+                const QRect row = list->visualRect(list->currentIndex());
+                return list->viewport()->grab().toImage().pixelColor(row.right() - 2, row.center().y());
+            };
+            m_window->view()->setFocus();
+            const QColor without = color();
+            list->setFocus();
+            QVERIFY(color() != without && color() != list->palette().color(QPalette::Base));
+            const QPoint empty = list->viewport()->rect().bottomLeft() + QPoint(5, -5);
+            QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, empty);
+            QVERIFY(list->selectionModel()->isSelected(list->currentIndex()));
+        }
+    }
+
+    void profilesAreChosenFromTheMenu()
+    {
+        auto* manager = KlvPluginsManager::getInstance();
+        auto* profile = new KlvProfile("This & that");
+        manager->addProfile(profile);
+        QTest::keyClick(m_window.get(), Qt::Key_T, Qt::AltModifier);
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_A);
+        auto* menu = static_cast<QMenu*>(QApplication::activePopupWidget());
+        QCOMPARE(menu->actions().size(), manager->getProfilesList().size());
+        QVERIFY(menu->actions().constFirst()->isChecked());
+        QCOMPARE(menu->actions().constLast()->text(), QString("This && that"));
+        QTest::keyClick(menu, Qt::Key_Up);
+        QTest::keyClick(menu, Qt::Key_Return);
+        QCOMPARE(manager->getActiveProfile(), profile);
+        manager->removeProfile(profile);
+    }
+
+    void saysHowToGetAScene()
+    {
+        m_window.reset();
+        open();
+        const QList<QLabel*> labels = m_window->view()->findChildren<QLabel*>();
+        const auto isAsked = [&labels] {
+            return labels.constFirst()->isVisible() && labels.constFirst()->text().contains("Ctrl+O");
+        };
+        QVERIFY(isAsked() && !m_window->view()->viewActions().seek->isEnabled());
+        m_window->documentActions()->open(m_folder.filePath("cone.iv"));
+        QVERIFY(!isAsked() && m_window->view()->viewActions().seek->isEnabled());
+    }
+
+    void tellsItsKeys()
+    {
+        QTest::keyClick(m_window.get(), Qt::Key_F1);
+        const auto* table = m_window->findChild<QTreeWidget*>();
+        for (const char* what : {"Redo", "Find Nodes", "Orbit", "Expand All Below", "Copy Value"})
+            QVERIFY2(table->findItems(what, Qt::MatchExactly | Qt::MatchRecursive).size() == 1, what);
     }
 
     void theLayoutIsKept()

@@ -19,6 +19,7 @@ private Q_SLOTS:
             {"SFMatrix", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1", "1 0 0 0 0 1 0 0 0 0 1 0 0 0 0 1"},
             {"MFVec3f", "[1 2 3, 4 5 6]", "2 values: 1 2 3, 4 5 6"}, {"MFFloat", "[]", "no values"},
             {"SFString", "\"a\nb\tc\"", "\"a⏎b c\""}, {"MFString", "[\"ä\", \"\"]", "2 values: \"ä\", \"\""},
+            {"SFName", "\"n\xe9\"", "\"né\""}, {"SFName", "\"né\"", "\"né\""},
             {"SFNode", "DEF Box Cube {}", "Cube \"Box\""},
             {"MFNode", "[Cube {}, Cone {}]", "2 values: Cube, Cone"},
             {"SFEngine", "Calculator {}", "Calculator"},

@@ -78,7 +78,7 @@ private Q_SLOTS:
             {"ShaderProgram { shaderObject [ VertexShader {}, FragmentShader {} ] }",
              "Separator(ShaderProgram(VertexShader,FragmentShader))"},
             {"New { fields [ MFNode kids, SFNode one ] kids [ Cube {}, Cube {} ] one Cone {} }",
-             "Separator(UnknownNode(Cube,Cube,Cone))"},
+             "Separator(New(Cube,Cube,Cone))"},
             // Each part of a node kit once, and each node of a VRML grouping node.
             {"ShapeKit { shape Cone {} }", "Separator(ShapeKit(Separator(Separator(Cone))))"},
             {"#VRML V2.0 utf8\nCollision { children Shape { geometry Box {} } proxy Group {} }",

@@ -14,6 +14,7 @@ const char scene[] = R"(Separator {
     DEF Lamp PointLight { on FALSE location 0 -3 0 }
     DEF Both Group { DEF Box Cube { width 2 = USE Lamp . intensity } }
     USE Both
+    DEF Aim Probe { fields [ SFFloat x ] x 1 }
 })";
 
 using Edit = std::function<void(SoSeparator*)>;
@@ -61,7 +62,8 @@ private Q_SLOTS:
             {"string=\"\"", "Label"}, {"width=2", "Box"}, {"is:ignored", "Glass"}, {"is:Connected", "Box"},
             {"is:set type:Light", "Lamp"}, {"is:shared", "Both Both"}, {"is:named -is:set -type:Group", ""},
             {"-is:named", "Separator"}, {"\"red box", ""}, {"type:soteri", ""}, {"SoMat", "Gold Glass"},
-            {"specularColor=0", "Gold Glass"}, {"specularColor!=0", ""}, {"rotation>0.2", "Turn"}};
+            {"specularColor=0", "Gold Glass"}, {"specularColor!=0", ""}, {"rotation>0.2", "Turn"},
+            {"type:probe", "Aim"}, {"prob", "Aim"}};
         // clang-format on
         for (const auto& [line, expected] : rows)
             QVERIFY2(found(root, line) == QLatin1String(expected),

@@ -7,11 +7,11 @@
 #include "FieldCopy.h"
 #include "OffscreenInspector.h"
 
-#include "Models/ObjectLabel.h"
 #include "Models/SceneChildren.h"
 #include "Scene/SceneDocument.h"
 
 #include <KlvExtender/KlvContainerRef.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SoOutput.h>
 #include <Inventor/actions/SoWriteAction.h>

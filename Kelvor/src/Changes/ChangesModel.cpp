@@ -4,6 +4,7 @@
 #include "Models/NodeIcon.h"
 
 #include <KlvExtender/KlvChanges.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoField.h>
@@ -224,7 +225,7 @@ QString ChangesModel::text(const Row& row, int column) const
     SoField* original = m_changes->getOriginal(row.field);
     switch (column) {
     case NodeColumn:
-        return placeOf(row).label();
+        return objectLabel(row.container.get());
     case FieldColumn:
         return nameOf(*row.field);
     case OriginalColumn:

@@ -11,46 +11,15 @@
 
 #include <QAction>
 #include <QClipboard>
+#include <QGridLayout>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QStackedLayout>
-#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QTreeView>
 
 #include <algorithm>
-
-namespace {
-
-/// Leaves out the middle of ways to nodes that are too long: where they end tells most, then where they
-/// begin.
-class PathDelegate : public QStyledItemDelegate
-{
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-protected:
-    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->textElideMode = Qt::ElideMiddle;
-        constexpr int margins = 14;
-        const int width = option->rect.width() - option->decorationSize.width() - margins;
-        const auto isTooLong = [&] {
-            return width > 0 && option->fontMetrics.horizontalAdvance(option->text) > width;
-        };
-        const QString between = ScenePlace::separator();
-        const QStringList steps = option->text.split(between);
-        for (qsizetype kept = steps.size() - 2; kept >= 0 && isTooLong(); --kept) {
-            const QStringList ends = steps.mid(steps.size() - std::max<qsizetype>(kept, 1));
-            option->text = (kept > 0 ? steps.constFirst() + between : QString()) + QStringLiteral("…") +
-                           between + ends.join(between);
-        }
-    }
-};
-
-} // namespace
 
 ChangesPanel::ChangesPanel(QWidget* parent)
     : QWidget(parent)
@@ -67,15 +36,15 @@ ChangesPanel::ChangesPanel(QWidget* parent)
     m_view->setSelectionMode(QTreeView::ExtendedSelection);
     m_view->setAllColumnsShowFocus(true);
     m_view->setAlternatingRowColors(true);
-    m_view->setItemDelegateForColumn(ChangesModel::NodeColumn, new PathDelegate(m_view));
     QHeaderView* header = m_view->header();
     // All columns are seen in a narrow dock, too.
-    header->resizeSection(ChangesModel::NodeColumn, 130);
-    header->resizeSection(ChangesModel::FieldColumn, 90);
-    header->resizeSection(ChangesModel::OriginalColumn, 70);
-    header->resizeSection(ChangesModel::NowColumn, 60);
+    const int unit = fontMetrics().averageCharWidth();
+    header->setMinimumSectionSize(5 * unit);
+    header->resizeSection(ChangesModel::NodeColumn, 16 * unit);
+    header->resizeSection(ChangesModel::FieldColumn, 13 * unit);
+    header->resizeSection(ChangesModel::OriginalColumn, 9 * unit);
 
-    auto* empty = new QLabel(tr("Nothing has been edited here since the scene was opened."));
+    auto* empty = new QLabel(tr("No field differs from the scene as it was opened."));
     empty->setAlignment(Qt::AlignCenter);
     empty->setWordWrap(true);
     empty->setForegroundRole(QPalette::PlaceholderText);
@@ -87,7 +56,6 @@ ChangesPanel::ChangesPanel(QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(m_pages);
-    setFocusProxy(m_view);
     addActions();
 
     connect(m_view, &QTreeView::clicked, this, &ChangesPanel::select);
@@ -101,27 +69,36 @@ ChangesPanel::ChangesPanel(QWidget* parent)
 
 void ChangesPanel::addActions()
 {
-    auto* buttons = new QHBoxLayout;
-    buttons->setContentsMargins(4, 4, 4, 4);
-    buttons->setSpacing(4);
     m_revert = addAction(tr("Revert"), tr("Make the selected fields what they were"), Qt::Key_Delete,
-                         &ChangesPanel::revertSelected, buttons);
+                         &ChangesPanel::revertSelected);
     m_revertAll = addAction(tr("Revert All"), tr("Make all fields what they were"), QKeySequence(),
-                            &ChangesPanel::revertAll, buttons);
-    buttons->addStretch();
+                            &ChangesPanel::revertAll);
     m_copyInventor =
         addAction(tr("Copy as Inventor"), tr("Copy the selected changes, or all, as Inventor text"),
-                  QKeySequence::Copy, &ChangesPanel::copyInventor, buttons);
+                  QKeySequence::Copy, &ChangesPanel::copyInventor);
     m_copyCpp = addAction(tr("Copy as C++"), tr("Copy the selected changes, or all, as C++ statements"),
-                          Qt::CTRL | Qt::ALT | Qt::Key_C, &ChangesPanel::copyCpp, buttons);
-    m_copyPath = addAction(tr("Copy Path"), tr("Copy the way to the node"), QKeySequence(),
-                           &ChangesPanel::copyPaths, nullptr);
+                          Qt::CTRL | Qt::ALT | Qt::Key_C, &ChangesPanel::copyCpp);
+    m_copyPath =
+        addAction(tr("Copy Path"), tr("Copy the way to the node"), QKeySequence(), &ChangesPanel::copyPaths);
     m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+
+    // In two columns, so that the dock can be narrow.
+    auto* buttons = new QGridLayout;
+    buttons->setContentsMargins(4, 4, 4, 4);
+    buttons->setSpacing(2);
+    int place = 0;
+    for (QAction* action : {m_revert, m_revertAll, m_copyInventor, m_copyCpp}) {
+        auto* button = new QToolButton;
+        button->setDefaultAction(action);
+        button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        buttons->addWidget(button, place % 2, place / 2);
+        ++place;
+    }
     static_cast<QBoxLayout*>(layout())->addLayout(buttons);
 }
 
 QAction* ChangesPanel::addAction(const QString& text, const QString& toolTip, const QKeySequence& keys,
-                                 void (ChangesPanel::*triggered)(), QBoxLayout* buttons)
+                                 void (ChangesPanel::*triggered)())
 {
     auto* action = new QAction(text, m_view);
     action->setToolTip(keys.isEmpty() ? toolTip
@@ -130,11 +107,6 @@ QAction* ChangesPanel::addAction(const QString& text, const QString& toolTip, co
     action->setShortcutContext(Qt::WidgetShortcut);
     connect(action, &QAction::triggered, this, triggered);
     m_view->addAction(action);
-    if (buttons) {
-        auto* button = new QToolButton;
-        button->setDefaultAction(action);
-        buttons->addWidget(button);
-    }
     return action;
 }
 
@@ -163,6 +135,8 @@ int ChangesPanel::count() const
 void ChangesPanel::showRows()
 {
     m_pages->setCurrentIndex(count() > 0 ? 1 : 0);
+    // A proxy that is hidden would end the way of Tab through the window.
+    setFocusProxy(count() > 0 ? m_view : nullptr);
     updateActions();
     Q_EMIT countChanged(count());
 }

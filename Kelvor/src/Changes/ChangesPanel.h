@@ -5,7 +5,6 @@
 class ChangesModel;
 class KlvChanges;
 class QAction;
-class QBoxLayout;
 class QStackedLayout;
 class QTreeView;
 class SoField;
@@ -36,9 +35,8 @@ protected:
 
 private:
     void addActions();
-    /// An action of the list that has a button as well, or is in the context menu only.
     QAction* addAction(const QString& text, const QString& toolTip, const QKeySequence& keys,
-                       void (ChangesPanel::*triggered)(), QBoxLayout* buttons);
+                       void (ChangesPanel::*triggered)());
     void updateActions();
     void showRows();
     void select(const QModelIndex& index);

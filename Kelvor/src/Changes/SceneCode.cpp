@@ -3,7 +3,8 @@
 #include "Changes/CodeValue.h"
 #include "Changes/FieldCode.h"
 #include "Changes/ScenePlaceSearch.h"
-#include "Models/ObjectLabel.h"
+
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/SoDB.h>
@@ -60,7 +61,7 @@ ScenePlaceSearch::Places placesOf(const std::vector<Block>& blocks, SoNode* root
     return ScenePlaceSearch::findAll(root, containers);
 }
 
-/// The name of the type of a field or a container.
+/// What Coin calls the type of a field or a container.
 template <class Object>
 QString typeOf(const Object& object)
 {
@@ -89,6 +90,15 @@ QString commented(QString text, const QString& mark)
 {
     text.replace(QLatin1Char('\n'), QLatin1Char('\n') + mark);
     return mark + text;
+}
+
+/// The declaration of fields without which nobody reads those of a node of an unknown type.
+QString fieldList(const QList<SoField*>& fields)
+{
+    QStringList declarations;
+    for (const SoField* field : fields)
+        declarations += typeOf(*field) + QLatin1Char(' ') + nameOf(*field);
+    return QStringLiteral("    fields [ %1 ]\n").arg(declarations.join(QLatin1String(", ")));
 }
 
 QString inventorLine(SoField& field)
@@ -253,8 +263,9 @@ QString SceneCode::inventorText(const QList<SoField*>& fields, SoNode* root)
     for (const auto& [container, own] : blocks) {
         const QString name = definableName(container->getName());
         QString text = QStringLiteral("# %1\n").arg(places.find(container)->label());
-        QString block = (name.isEmpty() ? QString() : QStringLiteral("DEF %1 ").arg(name)) +
-                        typeOf(*container) + QLatin1String(" {\n");
+        const QString type = QString::fromUtf8(objectType(container).getString());
+        QString block = (name.isEmpty() ? QString() : QStringLiteral("DEF %1 ").arg(name)) + type +
+                        QLatin1String(" {\n") + (type == typeOf(*container) ? QString() : fieldList(own));
         for (SoField* field : own)
             block += inventorLine(*field);
         block += QLatin1Char('}');

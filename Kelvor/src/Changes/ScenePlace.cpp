@@ -1,7 +1,8 @@
 #include "Changes/ScenePlace.h"
 
-#include "Models/ObjectLabel.h"
 #include "Models/SceneChildren.h"
+
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoMFNode.h>
@@ -50,7 +51,7 @@ void ScenePlace::setFound(SoNode* root, const QList<int>& indices)
         node = SceneChildren::at(node, index);
         labels += objectLabel(node);
     }
-    m_label = labels.join(separator());
+    m_label = labels.join(QStringLiteral(" › "));
 }
 
 bool ScenePlace::isValid(SoNode* root, const SoFieldContainer* container) const

@@ -31,8 +31,6 @@ public:
 
     /// The way for people: `Separator › Material "Gold"`; of what is not found only the last part.
     const QString& label() const { return m_label; }
-    /// What stands between the steps of a way.
-    static QString separator() { return QStringLiteral(" › "); }
     /// A C++ expression for the node, starting from a variable `root`; empty for what is not found. The way
     /// must be valid.
     QString expression(SoNode* root) const;

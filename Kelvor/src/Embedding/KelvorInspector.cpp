@@ -5,6 +5,7 @@
 #include "SensorFallback.h"
 #include "Window/HostPlugins.h"
 #include "Window/MainWindow.h"
+#include "Window/StatusLine.h"
 
 #include <QAbstractEventDispatcher>
 #include <QApplication>
@@ -120,8 +121,9 @@ KelvorInspector::KelvorInspector()
     d->startPlugins();
     connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::awake, this,
             [this] { d->noteLoop(); });
-    connect(&d->rootWatch, &RootWatch::released, this,
-            [this] { d->window.tell(tr("The application has deleted the scene that was shown here.")); });
+    connect(&d->rootWatch, &RootWatch::released, this, [this] {
+        d->window.statusLine()->tell(tr("The application has deleted the scene that was shown here."));
+    });
     // Later: the window is in the midst of closing. It may be wanted again meanwhile.
     const auto closeHidden = [this] {
         if (d->window.isHidden())

@@ -5,12 +5,12 @@
 #include "Models/FieldListView.h"
 #include "Models/FieldTextCommand.h"
 #include "Models/FieldTrail.h"
-#include "Models/ObjectLabel.h"
 #include "Models/PinnedFields.h"
 
 #include <KlvExtender/KlvServices.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
-#include <Inventor/fields/SoField.h>
+#include <Inventor/fields/SoSFTrigger.h>
 
 #include <QAction>
 #include <QClipboard>
@@ -44,6 +44,11 @@ QString keysOf(const QAction* action)
     return QLatin1Char('\t') + action->shortcut().toString(QKeySequence::NativeText);
 }
 
+bool isTrigger(const SoField& field)
+{
+    return field.isOfType(SoSFTrigger::getClassTypeId());
+}
+
 void copy(const QString& text)
 {
     QGuiApplication::clipboard()->setText(text);
@@ -62,6 +67,7 @@ FieldActions::FieldActions(FieldListView* view, PinnedFields* pins, FieldTrail* 
     add(tr("Copy Name"), {Qt::CTRL | Qt::SHIFT | Qt::Key_C}, &FieldActions::copyName);
     add(tr("Copy as C++"), {Qt::CTRL | Qt::ALT | Qt::Key_C}, &FieldActions::copyCode);
     add(tr("Paste Value"), {QKeySequence::Paste}, &FieldActions::paste);
+    m_trigger = add(tr("Trigger"), {Qt::CTRL | Qt::Key_T}, &FieldActions::trigger);
     m_pin = add(tr("Pin"), pinKeys, &FieldActions::togglePin);
     addDirection(tr("Go to Source"), {Qt::ALT | Qt::Key_Right, Qt::CTRL | Qt::Key_Return},
                  tr("%1 is not connected from anything."), fieldSources);
@@ -139,6 +145,8 @@ void FieldActions::showMenu(const QPoint& position)
     auto* menu = new QMenu(m_view);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addActions(m_acts);
+    if (!isTrigger(*field))
+        menu->removeAction(m_trigger);
     m_pin->setText(m_pins->isPinned(field) ? tr("Unpin") : tr("Pin"));
     menu->addSeparator();
     for (const Direction& direction : m_directions) {
@@ -184,6 +192,14 @@ void FieldActions::paste(SoField& field)
         Q_EMIT problem(tr("%1 is connected and would not keep the value.").arg(fieldLabel(field)));
     else if (!FieldTextCommand::paste(field, text))
         Q_EMIT problem(tr("%1 does not take “%2”.").arg(fieldLabel(field), shortened(text)));
+}
+
+void FieldActions::trigger(SoField& field)
+{
+    if (isTrigger(field))
+        field.touch();
+    else
+        Q_EMIT problem(tr("%1 is no trigger.").arg(fieldLabel(field)));
 }
 
 void FieldActions::togglePin(SoField& field)

@@ -12,7 +12,7 @@ class QAction;
 class QMenu;
 
 /// What can be done with the current field of a list, by keys and in the list's context menu: copying and
-/// pasting, following connections, going back, pinning.
+/// pasting, firing triggers, following connections, going back, pinning.
 class FieldActions : public QObject
 {
     Q_OBJECT
@@ -50,6 +50,7 @@ private:
     void copyName(SoField& field);
     void copyCode(SoField& field);
     void paste(SoField& field);
+    void trigger(SoField& field);
     void togglePin(SoField& field);
 
     FieldListView* m_view;
@@ -57,6 +58,7 @@ private:
     FieldTrail* m_trail;
     QList<QAction*> m_acts; // on the current field itself
     QList<Direction> m_directions;
+    QAction* m_trigger;
     QAction* m_pin;
     QAction* m_back;
 };

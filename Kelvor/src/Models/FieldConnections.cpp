@@ -1,6 +1,6 @@
 #include "Models/FieldConnections.h"
 
-#include "Models/ObjectLabel.h"
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/engines/SoEngine.h>

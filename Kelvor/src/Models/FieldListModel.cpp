@@ -3,10 +3,10 @@
 #include "Models/FieldConnections.h"
 #include "Models/FieldPreview.h"
 #include "Models/FieldWatch.h"
-#include "Models/ObjectLabel.h"
 
 #include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvServices.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/fields/SoFieldContainer.h>

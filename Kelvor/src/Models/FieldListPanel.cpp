@@ -1,22 +1,22 @@
 #include "Models/FieldListPanel.h"
 
 #include "Models/FieldActions.h"
+#include "Models/FieldColumns.h"
 #include "Models/FieldFilter.h"
 #include "Models/FieldFilterBar.h"
 #include "Models/FieldListModel.h"
 #include "Models/FieldListView.h"
 #include "Models/FieldTrail.h"
-#include "Models/ObjectLabel.h"
 #include "Models/PinnedFields.h"
 
 #include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvServices.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/fields/SoFieldContainer.h>
 
 #include <QAction>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QToolButton>
 #include <QUndoStack>
@@ -46,11 +46,7 @@ FieldListPanel::FieldListPanel(QWidget* parent)
     hintLayout->addWidget(showAll);
 
     m_view->setAccessibleName(tr("Fields"));
-    m_view->header()->resizeSection(FieldListModel::NameColumn, 130);
-    m_view->header()->resizeSection(FieldListModel::TypeColumn, 90);
-    m_view->header()->resizeSection(FieldListModel::StateColumn, 90);
-    m_view->header()->setStretchLastSection(false);
-    m_view->header()->setSectionResizeMode(FieldListModel::ValueColumn, QHeaderView::Stretch);
+    new FieldColumns(m_view);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -92,13 +88,6 @@ void FieldListPanel::setRoot(SoNode* root)
 {
     m_pins->setRoot(root);
     m_trail->clear();
-}
-
-void FieldListPanel::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    // Values need the room more than types do.
-    m_view->setColumnHidden(FieldListModel::TypeColumn, width() < 64 * fontMetrics().averageCharWidth());
 }
 
 void FieldListPanel::enterList()

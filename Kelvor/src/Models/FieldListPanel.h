@@ -33,9 +33,6 @@ Q_SIGNALS:
     /// Something could not be done: a sentence.
     void problem(const QString& sentence);
 
-protected:
-    void resizeEvent(QResizeEvent* event) override;
-
 private:
     void addKeys(FieldListView* view, const QList<QKeySequence>& pinKeys);
     void enterList();

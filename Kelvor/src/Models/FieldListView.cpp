@@ -115,6 +115,14 @@ void FieldListView::keyPressEvent(QKeyEvent* event)
         QTreeView::keyPressEvent(event);
 }
 
+QItemSelectionModel::SelectionFlags FieldListView::selectionCommand(const QModelIndex& index,
+                                                                    const QEvent* event) const
+{
+    // A click beside the rows leaves the current one, and so its highlight.
+    return event && !index.isValid() ? QItemSelectionModel::NoUpdate
+                                     : QTreeView::selectionCommand(index, event);
+}
+
 void FieldListView::focusInEvent(QFocusEvent* event)
 {
     // With the focus the first row would become current where none is. Moving through the window by Tab must
@@ -124,6 +132,15 @@ void FieldListView::focusInEvent(QFocusEvent* event)
     QTreeView::focusInEvent(event);
     if (!hadCurrent)
         follow(nullptr);
+}
+
+void FieldListView::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    // What a row is about may take the place of that row: the editor of a field, below the list.
+    const int top = visualRect(currentIndex()).top();
+    if (currentIndex().isValid() && top >= 0 && top < event->oldSize().height())
+        scrollTo(currentIndex());
 }
 
 void FieldListView::showEvent(QShowEvent* event)

@@ -1,7 +1,6 @@
 #include "Models/FieldPreview.h"
 
-#include "Models/ObjectLabel.h"
-
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 #include <KlvExtender/SceneGraph/SbStringText.h>
 
 #include <Inventor/SbName.h>
@@ -37,9 +36,12 @@ QString shortened(QString line)
     return line.left(end) + QChar(0x2026);
 }
 
+/// Names may be Latin-1.
 QString plain(const SbString& text)
 {
-    return QString::fromUtf8(text.getString()).simplified();
+    const QByteArray bytes(text.getString());
+    const QString line = QString::fromUtf8(bytes);
+    return (line.toUtf8() == bytes ? line : QString::fromLatin1(bytes)).simplified();
 }
 
 /// Coin prints a float with a digit more than it holds, as in 0.079999998; this gives the shortest text for

@@ -2,11 +2,11 @@
 
 #include "Models/FieldListModel.h"
 #include "Models/FieldListView.h"
-#include "Models/ObjectLabel.h"
 #include "Models/SceneChildren.h"
 #include "Models/SceneSearch.h"
 
 #include <KlvExtender/KlvServices.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/nodes/SoNode.h>
 

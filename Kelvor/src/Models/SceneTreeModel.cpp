@@ -1,10 +1,11 @@
 #include "Models/SceneTreeModel.h"
 
 #include "Models/NodeIcon.h"
-#include "Models/ObjectLabel.h"
 #include "Models/RowDiff.h"
 #include "Models/SceneChildren.h"
 #include "Models/SwitchedChildren.h"
+
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SbName.h>
 #include <Inventor/nodes/SoNode.h>
@@ -328,7 +329,7 @@ QVariant SceneTreeModel::data(const QModelIndex& index, int role) const
     switch (role) {
     case Qt::DisplayRole:
         return QString::fromUtf8(
-            (index.column() == TypeColumn ? live->getTypeId().getName() : live->getName()).getString());
+            (index.column() == TypeColumn ? objectType(live) : live->getName()).getString());
     case Qt::DecorationRole:
         return index.column() == TypeColumn ? QVariant(NodeIcon::forNode(live)) : QVariant();
     case Qt::ToolTipRole:

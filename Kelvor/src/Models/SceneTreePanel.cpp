@@ -1,5 +1,6 @@
 #include "Models/SceneTreePanel.h"
 
+#include "Models/DockReveal.h"
 #include "Models/SceneSearch.h"
 #include "Models/SceneTreeModel.h"
 #include "Models/SceneTreeView.h"
@@ -12,7 +13,6 @@
 
 #include <QAction>
 #include <QClipboard>
-#include <QDockWidget>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QScopedValueRollback>
@@ -64,9 +64,7 @@ void SceneTreePanel::connectSearch()
     connect(this, &SceneTreePanel::occurrenceChanged, m_search, &SearchBar::setPosition);
 
     m_findAction->setShortcut(QKeySequence::Find);
-    m_findAction->setShortcutContext(Qt::WidgetWithChildrenShortcut);
     connect(m_findAction, &QAction::triggered, this, &SceneTreePanel::find);
-    addAction(m_findAction);
     m_view->addAction(m_findAction);
     QWidget::addActions(m_search->actions());
 }
@@ -98,12 +96,7 @@ void SceneTreePanel::addTreeActions(const QList<QAction*>& actions)
 
 void SceneTreePanel::find()
 {
-    for (QWidget* widget = this; widget; widget = widget->parentWidget()) {
-        if (auto* dock = qobject_cast<QDockWidget*>(widget)) {
-            dock->show();
-            dock->raise();
-        }
-    }
+    revealInDock(this);
     m_search->edit();
 }
 

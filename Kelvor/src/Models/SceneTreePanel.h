@@ -35,7 +35,7 @@ public:
     void addTreeActions(const QList<QAction*>& actions);
 
     /// Brings the panel to the front and gives the focus to the search line; for menus. Owned by the panel,
-    /// its shortcut works in the panel.
+    /// its shortcut works in the whole window.
     QAction* findAction() const { return m_findAction; }
 
 Q_SIGNALS:

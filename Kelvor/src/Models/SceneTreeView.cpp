@@ -63,6 +63,14 @@ void SceneTreeView::keyPressEvent(QKeyEvent* event)
         expandBelow(currentIndex());
 }
 
+QItemSelectionModel::SelectionFlags SceneTreeView::selectionCommand(const QModelIndex& index,
+                                                                    const QEvent* event) const
+{
+    // A click beside the rows leaves the current one, and so its highlight.
+    return event && !index.isValid() ? QItemSelectionModel::NoUpdate
+                                     : QTreeView::selectionCommand(index, event);
+}
+
 void SceneTreeView::fetchVisible()
 {
     for (QModelIndex index = indexAt(QPoint(0, 0)); index.isValid(); index = indexBelow(index)) {

@@ -5,6 +5,7 @@
 
 #include <KlvExtender/KlvChanges.h>
 #include <KlvExtender/KlvServices.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 #include <KlvExtender/SceneGraph/SbStringText.h>
 
 #include <Inventor/SbName.h>
@@ -77,19 +78,14 @@ bool isPartOfName(const QString& text, const QString& type)
            (text.size() > prefix.size() && (prefix + type).startsWith(text, Qt::CaseInsensitive));
 }
 
-QString nameOf(SoType type)
-{
-    return QString::fromUtf8(type.getName().getString());
-}
-
-/// The text is a part of the name of its type. Looks at each type once.
+/// The text is a part of the name of its type. Looks at each name once.
 NodeCondition typeContains(const QString& text)
 {
-    return [text, known = std::unordered_map<int, bool>()](const SoNode* node) mutable {
-        const SoType type = node->getTypeId();
-        const auto [entry, isNew] = known.try_emplace(type.getKey(), false);
+    return [text, known = std::unordered_map<const char*, bool>()](const SoNode* node) mutable {
+        const char* const type = objectType(node).getString(); // the same one for all equal names
+        const auto [entry, isNew] = known.try_emplace(type, false);
         if (isNew)
-            entry->second = isPartOfName(text, nameOf(type));
+            entry->second = isPartOfName(text, QString::fromUtf8(type));
         return entry->second;
     };
 }
@@ -166,7 +162,7 @@ NodeCondition NodeConditions::type(const QString& text)
     SoType::getAllDerivedFrom(SoNode::getClassTypeId(), types);
     for (int i = 0; i < types.getLength(); ++i) {
         const SoType type = types[i];
-        if (isName(text, nameOf(type)))
+        if (isName(text, QString::fromUtf8(type.getName().getString())))
             return [type](const SoNode* node) { return node->isOfType(type); };
     }
     return typeContains(text);

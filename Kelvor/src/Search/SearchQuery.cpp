@@ -165,7 +165,7 @@ QString SearchQuery::help()
         {"type:Shape", tr("of this type or one derived from it")},
         {"field:diffuseColor", tr("has such a field")},
         {"value:wood", tr("a value that is set contains it")},
-        {"transparency&gt;0.5", tr("compares a field: &gt; &gt;= &lt; &lt;= = !=")},
+        {"transparency&gt;0.5", tr("compares a field: &gt; &gt;= &lt; &lt;= = <nobr>!=</nobr>")},
         {"rotation=\"0 0 1 0.5\"", tr("quotes keep blanks together")},
         {"is:changed", tr("changed since the scene was opened")},
         {"is:set", tr("a field is not at its default")},

@@ -12,6 +12,12 @@ namespace {
 
 const QString key = QStringLiteral("colors");
 
+QColor mixed(const QColor& one, const QColor& other)
+{
+    return QColor::fromRgbF((one.redF() + other.redF()) / 2, (one.greenF() + other.greenF()) / 2,
+                            (one.blueF() + other.blueF()) / 2);
+}
+
 QPalette plainPalette(const QColor& window, const QColor& base, const QColor& text, const QColor& highlight)
 {
     QPalette palette(window, window);
@@ -19,7 +25,7 @@ QPalette plainPalette(const QColor& window, const QColor& base, const QColor& te
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
         palette.setColor(role, text);
     palette.setColor(QPalette::Base, base);
-    palette.setColor(QPalette::AlternateBase, window);
+    palette.setColor(QPalette::AlternateBase, mixed(base, window));
     palette.setColor(QPalette::ToolTipBase, window);
     palette.setColor(QPalette::Highlight, highlight);
     palette.setColor(QPalette::HighlightedText, Qt::white);
@@ -29,10 +35,7 @@ QPalette plainPalette(const QColor& window, const QColor& base, const QColor& te
     palette.setColor(QPalette::PlaceholderText, faint);
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText})
-        palette.setColor(QPalette::Disabled, role,
-                         QColor::fromRgbF((window.redF() + text.redF()) / 2,
-                                          (window.greenF() + text.greenF()) / 2,
-                                          (window.blueF() + text.blueF()) / 2));
+        palette.setColor(QPalette::Disabled, role, mixed(window, text));
     return palette;
 }
 
@@ -52,7 +55,9 @@ const Choice choices[] = {
      }},
     {"dark", QT_TRANSLATE_NOOP("Appearance", "&Dark"),
      [] {
-         return plainPalette(QColor(0x2b, 0x2d, 0x30), QColor(0x1e, 0x1f, 0x22), QColor(0xdf, 0xe1, 0xe5),
+         // Boxes have outlines that are darker than the window: only a lighter base shows that they are
+         // there.
+         return plainPalette(QColor(0x2b, 0x2d, 0x30), QColor(0x3c, 0x3f, 0x44), QColor(0xdf, 0xe1, 0xe5),
                              QColor(0x3d, 0x7d, 0xd6));
      }},
 };

@@ -21,6 +21,7 @@ void giveName(QWidget* widget)
 
 HostShell::HostShell(QMainWindow* window)
     : m_window(window)
+    , m_fit(window)
 {
 }
 
@@ -34,6 +35,8 @@ void HostShell::addDockWidget(QDockWidget* dock, Qt::DockWidgetArea area)
     const bool hidden = dock->isHidden();
     if (!m_window->restoreDockWidget(dock))
         m_window->addDockWidget(area, dock);
+    m_fit.watch(dock);
+    m_focus.add(dock);
     dock->setHidden(hidden);
 }
 
@@ -42,6 +45,7 @@ void HostShell::removeDockWidget(QDockWidget* dock)
     if (!dock || !m_docks.removeOne(dock))
         return;
     m_window->removeDockWidget(dock);
+    m_focus.remove(dock);
     dock->setParent(nullptr);
 }
 

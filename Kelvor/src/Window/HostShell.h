@@ -1,5 +1,8 @@
 #pragma once
 
+#include "DockFit.h"
+#include "DockFocus.h"
+
 #include <KlvExtender/KlvShell.h>
 
 #include <QList>
@@ -26,5 +29,7 @@ public:
 
 private:
     QMainWindow* m_window;
+    DockFit m_fit;
+    DockFocus m_focus;
     QList<QPointer<QDockWidget>> m_docks;
 };

@@ -3,33 +3,35 @@
 #include "Appearance.h"
 #include "Changes/ChangesPanel.h"
 #include "DocumentActions.h"
-#include "HistoryKeys.h"
+#include "EditMenu.h"
+#include "EditorInput.h"
+#include "HelpMenu.h"
 #include "HostPlugins.h"
-#include "HostSettings.h"
+#include "MenuKeys.h"
 #include "Models/FieldListPanel.h"
-#include "Models/ObjectLabel.h"
 #include "Models/SceneTreePanel.h"
+#include "PanelsMenu.h"
 #include "PluginsDialog.h"
+#include "ProfileMenu.h"
 #include "ProfilesDialog.h"
 #include "Scene/SceneDocument.h"
+#include "SceneHint.h"
+#include "StatusLine.h"
 #include "View/SceneView.h"
 #include "WindowDialogs.h"
 
 #include <KlvExtender/KlvChanges.h>
-#include <KlvExtender/KlvEditor.h>
 #include <KlvExtender/KlvPluginsManager.h>
 #include <KlvExtender/KlvProfile.h>
 #include <KlvExtender/KlvServices.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileInfo>
-#include <QHash>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QStatusBar>
-#include <QToolBar>
 #include <QUndoStack>
 #include <QUndoView>
 
@@ -37,12 +39,6 @@
 #include <utility>
 
 namespace {
-
-const QString geometryKey = QStringLiteral("window/geometry");
-const QString stateKey = QStringLiteral("window/state");
-// Raised when the docks change so much that an older layout no longer fits.
-constexpr int stateVersion = 2;
-constexpr int problemTime = 8000; // ms that a passing sentence is shown
 
 QIcon inspectorIcon()
 {
@@ -54,22 +50,13 @@ QIcon inspectorIcon()
 
 } // namespace
 
-/// One of the two ways through the history, as the undo stack offers it.
-struct MainWindow::HistoryMove
-{
-    void (QUndoStack::*move)();
-    bool (QUndoStack::*can)() const;
-    void (QUndoStack::*canChanged)(bool);
-    QString (QUndoStack::*text)() const;
-    void (QUndoStack::*textChanged)(const QString&);
-};
-
 MainWindow::MainWindow(Layout layout, Host host)
-    : m_layout(layout)
+    : m_layout(this, layout == Layout::Kept)
     , m_host(host)
     , m_history(KlvServices::getInstance()->getUndoStack())
     , m_document(new SceneDocument(this))
     , m_view(new SceneView(this))
+    , m_status(new StatusLine(this))
     , m_shell(this)
 {
     setAttribute(Qt::WA_StyledBackground);
@@ -79,6 +66,10 @@ MainWindow::MainWindow(Layout layout, Host host)
     setWindowIcon(inspectorIcon());
     setDockOptions(AnimatedDocks | AllowNestedDocks | AllowTabbedDocks);
     setCentralWidget(m_view);
+    setStatusBar(m_status);
+    m_view->viewActions().setSceneShown(false);
+    if (m_host == Host::Program)
+        m_hint = new SceneHint(m_view);
     createDocks();
     createMenus();
     connect(m_document, &SceneDocument::rootChanged, this, &MainWindow::sceneChanged);
@@ -87,11 +78,12 @@ MainWindow::MainWindow(Layout layout, Host host)
         connect(m_history, &QUndoStack::cleanChanged, this,
                 [this](bool clean) { setWindowModified(!clean); });
     updateTitle();
-    restoreLayout();
+    m_layout.restore();
     // After the layout: the docks that the plug-ins add find their places in it, tool bars do not.
     m_plugins = std::make_unique<HostPlugins>();
-    connect(KlvPluginsManager::getInstance(), &KlvPluginsManager::activeProfileChanged, this,
-            &MainWindow::restoreToolBars, Qt::SingleShotConnection);
+    connect(
+        KlvPluginsManager::getInstance(), &KlvPluginsManager::activeProfileChanged, this,
+        [this] { m_layout.restoreToolBars(); }, Qt::SingleShotConnection);
 }
 
 MainWindow::~MainWindow()
@@ -114,6 +106,7 @@ QDockWidget* MainWindow::addPanel(const char* name, const QString& title, QWidge
     dock->setObjectName(QLatin1String(name));
     dock->setWidget(panel);
     addDockWidget(area, dock);
+    m_dockFocus.add(dock);
     return dock;
 }
 
@@ -130,8 +123,11 @@ void MainWindow::createDocks()
     QDockWidget* changes = addPanel("Changes", tr("Changes"), m_changesPanel, Qt::LeftDockWidgetArea);
     tabifyDockWidget(history, changes);
     QDockWidget* fields = addPanel("FieldList", tr("Fields"), m_fieldPanel, Qt::RightDockWidgetArea);
-    resizeDocks({tree, fields}, {320, 460}, Qt::Horizontal);
-    resizeDocks({tree, history}, {500, 200}, Qt::Vertical);
+    const int unit = fontMetrics().averageCharWidth();
+    m_view->setMinimumWidth(33 * unit);
+    resizeDocks({tree, fields}, {46 * unit, 84 * unit}, Qt::Horizontal);
+    // In this proportion; more would be taken from docks below.
+    resizeDocks({tree, history}, {250, 100}, Qt::Vertical);
     history->raise();
     connectPanels(changes);
 }
@@ -142,35 +138,15 @@ void MainWindow::connectPanels(QDockWidget* changes)
     connect(m_view, &SceneView::pickedNothing, this,
             [] { KlvServices::getInstance()->setSelectedNode(nullptr); });
     connect(m_treePanel, &SceneTreePanel::occurrenceChanged, m_view, &SceneView::setHighlight);
-    const auto tellProblem = [this](const QString& sentence) { tell(sentence, problemTime); };
-    connect(m_fieldPanel, &FieldListPanel::problem, this, tellProblem);
-    connect(m_changesPanel, &ChangesPanel::problem, this, tellProblem);
-    // What is told of the scene comes back when a passing sentence or the tip of a menu has gone.
-    connect(statusBar(), &QStatusBar::messageChanged, this, [this](const QString& text) {
-        if (text.isEmpty() && !m_standing.isEmpty())
-            statusBar()->showMessage(m_standing);
-    });
+    connect(m_fieldPanel, &FieldListPanel::problem, m_status, &StatusLine::tellInPassing);
+    connect(m_changesPanel, &ChangesPanel::problem, m_status, &StatusLine::tellInPassing);
     const ViewActions& actions = m_view->viewActions();
     m_treePanel->addTreeActions({actions.frame, actions.clearSelection});
     connect(m_changesPanel, &ChangesPanel::countChanged, changes, [changes](int count) {
         changes->setWindowTitle(count > 0 ? tr("Changes (%1)").arg(count) : tr("Changes"));
     });
-
-    // Return in the field list goes on to the first input of the editor that shows the field.
-    connect(m_fieldPanel, &FieldListPanel::fieldActivated, this, [] {
-        const SoField* field = KlvServices::getInstance()->getSelectedField();
-        for (KlvExtension* extension : KlvPluginsManager::getInstance()->getExtensions()) {
-            const auto* editor = qobject_cast<KlvEditor*>(extension);
-            if (!field || !editor || !editor->isActive() || editor->getEditedObject().toField() != field)
-                continue;
-            for (QWidget* input : editor->getWidget()->findChildren<QWidget*>()) {
-                if (input->isVisible() && input->isEnabled() && (input->focusPolicy() & Qt::TabFocus)) {
-                    input->setFocus(Qt::TabFocusReason);
-                    return;
-                }
-            }
-        }
-    });
+    connect(m_fieldPanel, &FieldListPanel::fieldActivated, this,
+            [] { enterEditorOf(KlvServices::getInstance()->getSelectedField()); });
 }
 
 void MainWindow::createMenus()
@@ -181,18 +157,34 @@ void MainWindow::createMenus()
         m_documentActions->addTo(file);
     else
         m_documentActions->addLiveTo(file);
-    createEditMenu();
-    m_viewMenu = menuBar()->addMenu(tr("&View"));
-    m_viewMenu->addActions(m_view->actions());
-    m_viewMenu->addSeparator();
-    QMenu* panels = m_viewMenu->addMenu(tr("&Panels"));
-    connect(panels, &QMenu::aboutToShow, this, [this, panels] { fillPanelsMenu(panels); });
-    QMenu* tools = menuBar()->addMenu(tr("&Tools"));
-    tools->addAction(tr("&Profiles…"), this, [this] {
+    auto* edit = new EditMenu(m_history, &m_shell, this);
+    edit->addSeparator();
+    edit->addAction(m_treePanel->findAction());
+    m_viewMenu = createViewMenu();
+    for (QMenu* menu : std::initializer_list<QMenu*>{edit, m_viewMenu, createToolsMenu(), new HelpMenu(this)})
+        menuBar()->addMenu(menu);
+    new MenuKeys(this);
+}
+
+QMenu* MainWindow::createViewMenu()
+{
+    auto* menu = new QMenu(tr("&View"), this);
+    menu->addActions(m_view->actions());
+    menu->addSeparator();
+    menu->addMenu(new PanelsMenu(this));
+    return menu;
+}
+
+QMenu* MainWindow::createToolsMenu()
+{
+    auto* menu = new QMenu(tr("&Tools"), this);
+    menu->addMenu(new ProfileMenu(this));
+    menu->addAction(tr("&Profiles…"), this, [this] {
         ProfilesDialog dialog(&m_plugins->profiles(), this);
         execForWindow(dialog);
     });
-    tools->addAction(tr("P&lug-ins…"), this, &MainWindow::showPlugins);
+    menu->addAction(tr("P&lug-ins…"), this, &MainWindow::showPlugins);
+    return menu;
 }
 
 void MainWindow::showPlugins()
@@ -203,50 +195,6 @@ void MainWindow::showPlugins()
     }
     m_pluginsDialog->show();
     m_pluginsDialog->activateWindow();
-}
-
-void MainWindow::createEditMenu()
-{
-    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
-    const HistoryMove undo{&QUndoStack::undo, &QUndoStack::canUndo, &QUndoStack::canUndoChanged,
-                           &QUndoStack::undoText, &QUndoStack::undoTextChanged};
-    const HistoryMove redo{&QUndoStack::redo, &QUndoStack::canRedo, &QUndoStack::canRedoChanged,
-                           &QUndoStack::redoText, &QUndoStack::redoTextChanged};
-    QAction* undoAction = addHistoryMove(menu, tr("&Undo"), undo);
-    QAction* redoAction = addHistoryMove(menu, tr("&Redo"), redo);
-    undoAction->setShortcut(Qt::CTRL | Qt::Key_Z);
-    redoAction->setShortcuts({Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y});
-    menu->addSeparator();
-    menu->addAction(m_treePanel->findAction());
-    new HistoryKeys(undoAction, redoAction, &m_shell, this);
-}
-
-QAction* MainWindow::addHistoryMove(QMenu* menu, const QString& name, const HistoryMove& move)
-{
-    QAction* action = menu->addAction(name);
-    connect(action, &QAction::triggered, this, [this] { HistoryKeys::commitPendingInput(m_shell); });
-    connect(action, &QAction::triggered, m_history, move.move);
-    const auto rename = [action, name](const QString& what) {
-        action->setText(what.isEmpty() ? name : name + QLatin1Char(' ') + what);
-    };
-    action->setEnabled((m_history->*move.can)());
-    rename((m_history->*move.text)());
-    connect(m_history, move.canChanged, action, &QAction::setEnabled);
-    connect(m_history, move.textChanged, action, rename);
-    return action;
-}
-
-void MainWindow::fillPanelsMenu(QMenu* menu)
-{
-    menu->clear();
-    for (QDockWidget* dock : findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        QAction* toggle = dock->toggleViewAction();
-        // An extension that shows nothing at the moment has nothing to open.
-        toggle->setEnabled(dock->widget() != nullptr);
-        menu->addAction(toggle);
-    }
-    for (QToolBar* toolBar : findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
-        menu->addAction(toolBar->toggleViewAction());
 }
 
 void MainWindow::addColorsMenu()
@@ -265,6 +213,9 @@ void MainWindow::sceneChanged()
     const QString file = m_document->fileName();
     const bool isReload = file == std::exchange(m_shownFile, file) && !file.isEmpty();
     m_view->setRoot(m_document->root(), isReload ? SceneView::Look::Kept : SceneView::Look::Anew);
+    m_view->viewActions().setSceneShown(m_document->root());
+    if (m_hint)
+        m_hint->setVisible(!m_document->root());
     m_treePanel->setRoot(m_document->root());
     m_changesPanel->setRoot(m_document->root());
     updateTitle();
@@ -282,19 +233,11 @@ void MainWindow::fileNameChanged()
 void MainWindow::showWarnings()
 {
     const QStringList warnings = m_document->warnings();
-    m_standing =
-        warnings.isEmpty()
-            ? QString()
-            : tr("%n problem(s) while reading: %1", nullptr, int(warnings.size())).arg(warnings.constFirst());
-    statusBar()->showMessage(m_standing);
-    statusBar()->setToolTip(warnings.join(QLatin1Char('\n')));
-}
-
-void MainWindow::tell(const QString& sentence, int milliseconds)
-{
-    if (milliseconds == 0)
-        m_standing = sentence;
-    statusBar()->showMessage(sentence, milliseconds);
+    QString sentence;
+    if (!warnings.isEmpty())
+        sentence =
+            tr("%n problem(s) while reading: %1", nullptr, int(warnings.size())).arg(warnings.constFirst());
+    m_status->tell(sentence, warnings.join(QLatin1Char('\n')));
 }
 
 void MainWindow::updateTitle()
@@ -307,38 +250,6 @@ void MainWindow::updateTitle()
         setWindowTitle(tr("%1[*] – Kelvor").arg(objectLabel(root)));
     else
         setWindowTitle(tr("Kelvor[*]"));
-}
-
-void MainWindow::restoreLayout()
-{
-    resize(1360, 840);
-    if (m_layout == Layout::Fixed)
-        return;
-    const HostSettings settings;
-    restoreGeometry(settings.value(geometryKey).toByteArray());
-    restoreState(settings.value(stateKey).toByteArray(), stateVersion);
-}
-
-void MainWindow::restoreToolBars()
-{
-    if (m_layout == Layout::Fixed)
-        return;
-    // Whether a dock shows is now its extension's to say.
-    QHash<QDockWidget*, bool> hidden;
-    for (QDockWidget* dock : findChildren<QDockWidget*>(QString(), Qt::FindDirectChildrenOnly))
-        hidden.insert(dock, dock->isHidden());
-    restoreState(HostSettings().value(stateKey).toByteArray(), stateVersion);
-    for (const auto& [dock, isHidden] : hidden.asKeyValueRange())
-        dock->setHidden(isHidden);
-}
-
-void MainWindow::keepLayout() const
-{
-    if (m_layout == Layout::Fixed)
-        return;
-    HostSettings settings;
-    settings.setValue(geometryKey, saveGeometry());
-    settings.setValue(stateKey, saveState(stateVersion));
 }
 
 /// Whether the application has no window left besides this one, whose end is its end, too.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "DockFocus.h"
 #include "HostShell.h"
+#include "WindowLayout.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -14,7 +16,9 @@ class HostPlugins;
 class PluginsDialog;
 class SceneDocument;
 class SceneTreePanel;
+class SceneHint;
 class SceneView;
+class StatusLine;
 class QUndoStack;
 
 /// The inspector's window: the scene in the middle, around it the docks of the host and of the plug-ins.
@@ -44,11 +48,11 @@ public:
     SceneTreePanel* treePanel() const { return m_treePanel; }
     HostPlugins* plugins() const { return m_plugins.get(); }
     DocumentActions* documentActions() const { return m_documentActions; }
+    /// Where what is said of the scene is told.
+    StatusLine* statusLine() const { return m_status; }
 
     /// Keeps the layout for the next run, if it is one to be kept. Done when the window is closed.
-    void keepLayout() const;
-    /// Tells one sentence in the status bar for some time, or without one until another scene is shown.
-    void tell(const QString& sentence, int milliseconds = 0);
+    void keepLayout() const { m_layout.keep(); }
 
     /// Adds the menu that chooses the window's colours; for a host that has the application to itself.
     void addColorsMenu();
@@ -67,32 +71,30 @@ private:
     void createDocks();
     void connectPanels(QDockWidget* changes);
     void createMenus();
-    void createEditMenu();
+    QMenu* createViewMenu();
+    QMenu* createToolsMenu();
     void showPlugins();
-    struct HistoryMove;
-    QAction* addHistoryMove(QMenu* menu, const QString& name, const HistoryMove& move);
-    void fillPanelsMenu(QMenu* menu);
     void sceneChanged();
     void fileNameChanged();
     void showWarnings();
     void updateTitle();
-    void restoreLayout();
-    void restoreToolBars();
     bool isLastWindow() const;
 
-    const Layout m_layout;
+    const WindowLayout m_layout;
     const Host m_host;
     QUndoStack* m_history;
     SceneDocument* m_document;
     SceneView* m_view;
+    StatusLine* m_status;
     SceneTreePanel* m_treePanel = nullptr;
     FieldListPanel* m_fieldPanel = nullptr;
     ChangesPanel* m_changesPanel = nullptr;
+    SceneHint* m_hint = nullptr; ///< null in an application, which brings its scene
     QMenu* m_viewMenu = nullptr;
     DocumentActions* m_documentActions = nullptr;
+    DockFocus m_dockFocus;
     HostShell m_shell;
     std::unique_ptr<HostPlugins> m_plugins;
     QPointer<PluginsDialog> m_pluginsDialog;
     QString m_shownFile; ///< that the scene in the view comes from
-    QString m_standing;  ///< what the status bar tells while it tells nothing else
 };
