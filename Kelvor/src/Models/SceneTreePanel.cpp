@@ -38,7 +38,7 @@ SceneTreePanel::SceneTreePanel(QWidget* parent)
     m_view = new SceneTreeView(m_model, this);
     m_view->setAccessibleName(tr("Scene tree"));
     m_view->header()->setStretchLastSection(false);
-    m_view->header()->setSectionResizeMode(SceneTreeModel::TypeColumn, QHeaderView::Stretch);
+    m_view->header()->setSectionResizeMode(SceneTreeModel::TypeColumn, QHeaderView::Fixed);
     connect(m_view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &SceneTreePanel::currentRowChanged);
     connect(KlvServices::getInstance(), &KlvServices::selectedNodeChanged, this,

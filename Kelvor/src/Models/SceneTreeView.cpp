@@ -2,9 +2,11 @@
 
 #include "Models/SceneTreeModel.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <deque>
 
 namespace {
@@ -25,12 +27,17 @@ SceneTreeView::SceneTreeView(SceneTreeModel* model, QWidget* parent)
     setIndentation(14); // scene graphs are deep
 
     // Not at once: the scroll bar also moves while the view lays its rows out.
-    m_fetchTimer.setSingleShot(true);
-    m_fetchTimer.setInterval(0);
-    connect(&m_fetchTimer, &QTimer::timeout, this, &SceneTreeView::fetchVisible);
-    const auto fetchSoon = [this] { m_fetchTimer.start(); };
-    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, fetchSoon);
-    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, fetchSoon);
+    m_visibleTimer.setSingleShot(true);
+    m_visibleTimer.setInterval(0);
+    connect(&m_visibleTimer, &QTimer::timeout, this, &SceneTreeView::fetchVisible);
+    connect(&m_visibleTimer, &QTimer::timeout, this, &SceneTreeView::fitColumns);
+    const auto lookSoon = [this] { m_visibleTimer.start(); };
+    connect(verticalScrollBar(), &QScrollBar::valueChanged, this, lookSoon);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, lookSoon);
+    connect(header(), &QHeaderView::sectionResized, this, lookSoon);
+    connect(model, &QAbstractItemModel::dataChanged, this, lookSoon);
+    connect(this, &QTreeView::expanded, this, lookSoon);
+    connect(this, &QTreeView::collapsed, this, lookSoon);
 }
 
 void SceneTreeView::expandBelow(const QModelIndex& index)
@@ -69,6 +76,30 @@ QItemSelectionModel::SelectionFlags SceneTreeView::selectionCommand(const QModel
     // A click beside the rows leaves the current one, and so its highlight.
     return event && !index.isValid() ? QItemSelectionModel::NoUpdate
                                      : QTreeView::selectionCommand(index, event);
+}
+
+void SceneTreeView::scrollTo(const QModelIndex& index, ScrollHint hint)
+{
+    QTreeView::scrollTo(index, hint);
+    fitColumns();
+    const QRect label = visualRect(index.siblingAtColumn(SceneTreeModel::TypeColumn));
+    const int end =
+        label.left() + sizeHintForIndex(index.siblingAtColumn(SceneTreeModel::TypeColumn)).width();
+    const int beyond = std::max(end - viewport()->width(), 0);
+    QScrollBar* const bar = horizontalScrollBar();
+    bar->setValue(bar->value() + std::min(beyond, label.left()));
+}
+
+void SceneTreeView::resizeEvent(QResizeEvent* event)
+{
+    QTreeView::resizeEvent(event);
+    fitColumns();
+}
+
+void SceneTreeView::fitColumns()
+{
+    const int rest = viewport()->width() - columnWidth(SceneTreeModel::NameColumn);
+    setColumnWidth(SceneTreeModel::TypeColumn, std::max(rest, sizeHintForColumn(SceneTreeModel::TypeColumn)));
 }
 
 void SceneTreeView::fetchVisible()

@@ -125,7 +125,7 @@ void MainWindow::createDocks()
     QDockWidget* fields = addPanel("FieldList", tr("Fields"), m_fieldPanel, Qt::RightDockWidgetArea);
     const int unit = fontMetrics().averageCharWidth();
     m_view->setMinimumWidth(33 * unit);
-    resizeDocks({tree, fields}, {46 * unit, 84 * unit}, Qt::Horizontal);
+    resizeDocks({tree, fields}, {52 * unit, 84 * unit}, Qt::Horizontal);
     // In this proportion; more would be taken from docks below.
     resizeDocks({tree, history}, {250, 100}, Qt::Vertical);
     history->raise();
