@@ -2,6 +2,7 @@
 
 #include <KlvExtender/KlvEditor.h>
 #include <KlvExtender/KlvPlugin.h>
+#include <KlvExtender/SceneGraph/ObjectLabel.h>
 
 #include <Inventor/SoPath.h>
 #include <Inventor/actions/SoSearchAction.h>
@@ -34,14 +35,6 @@ SoFieldList fieldsOf(SoNode* scene)
             fields.append(own[j]);
     }
     return fields;
-}
-
-QString labelOf(SoField* field)
-{
-    SbName name;
-    field->getContainer()->getFieldName(field, name);
-    return QString::fromUtf8(field->getContainer()->getTypeId().getName().getString()) + QLatin1Char('.') +
-           QString::fromUtf8(name.getString());
 }
 
 } // namespace
@@ -87,7 +80,7 @@ QImage Gallery::paint() const
             continue;
         editor->setEditedObject(field);
         const int row = rows->rowCount();
-        rows->addWidget(new QLabel(labelOf(field)), row, 0);
+        rows->addWidget(new QLabel(fieldLabel(*field)), row, 0);
         rows->addWidget(editor->getWidget(), row, 1);
         editor->getWidget()->setFixedWidth(rowWidth);
         if (field->isOfType(SoMField::getClassTypeId()))

@@ -37,7 +37,7 @@ int paint(SoNode* scene, const QString& file)
     const Gallery gallery(plugin, scene);
     QList<QImage> sheets;
     for (const QPalette& colors :
-         {palette(0xefefef, Qt::white, 0x1a1a1a), palette(0x2b2d30, 0x1e1f22, 0xdfe1e5)}) {
+         {palette(0xefefef, Qt::white, 0x1a1a1a), palette(0x2b2d30, 0x3c3f44, 0xdfe1e5)}) {
         QApplication::setPalette(colors);
         sheets += gallery.paint();
     }
