@@ -51,7 +51,7 @@ void FieldReadError::post(const SoField& field, std::string_view text)
 void FieldReadError::post(const SoMField& field, int index, std::string_view text)
 {
     // Tables count their rows from 1.
-    const QString element = QStringLiteral("element %1 of %2").arg(index + 1).arg(describe(field));
+    const QString element = QStringLiteral("element %1 of %2").arg(qint64(index) + 1).arg(describe(field));
     FieldReadError(message(element, text).getString()).handle();
 }
 
