@@ -176,6 +176,17 @@ private Q_SLOTS:
         }
     }
 
+    void releasesWhatIsConnectedFromOutside()
+    {
+        write("a.iv", "#Inventor V2.1 ascii\nSeparator { Cube { width 2 = DEF Outside Sphere {"
+                      " radius 3 = DEF Further Cone { height 4 } . height } . radius } }");
+        QVERIFY(m_document->open(path("a.iv"), &m_error));
+        QVERIFY(m_document->save(path("b.iv"), &m_error));
+        QVERIFY(SoNode::getByName("Outside") && SoNode::getByName("Further"));
+        m_document->setRoot(nullptr);
+        QVERIFY(!SoNode::getByName("Outside") && !SoNode::getByName("Further"));
+    }
+
     void keepsTheOldFileWhenSavingFails()
     {
         auto* const root = new SoSeparator;

@@ -101,7 +101,9 @@ QStringList SceneDocument::warnings() const
 void SceneDocument::replace(SoNode* root, const QString& file, const QStringList& warnings)
 {
     // Whoever shows the earlier scene still finds it alive while it is told of the new one.
+    const StraySources oldSources = std::move(m_sources);
     const KlvContainerRef old(std::exchange(m_root, KlvContainerRef(root)));
+    m_sources = file.isEmpty() ? StraySources() : StraySources(*root);
     m_warnings = warnings;
     setFileName(file);
     Q_EMIT fileNameChanged();

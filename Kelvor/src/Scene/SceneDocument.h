@@ -2,6 +2,7 @@
 
 #include "Scene/SceneInput.h"
 #include "Scene/SourceFile.h"
+#include "Scene/StraySources.h"
 
 #include <KlvExtender/KlvContainerRef.h>
 
@@ -68,7 +69,8 @@ private:
     void replace(SoNode* root, const QString& file, const QStringList& warnings);
     void setFileName(const QString& file);
 
-    KlvContainerRef m_root;
+    StraySources m_sources;
+    KlvContainerRef m_root; ///< goes before its sources
     QString m_fileName;
     SourceFile m_source;
     QByteArray m_searchedFolder;

@@ -2,6 +2,7 @@
 
 #include "Models/SceneWalk.h"
 #include "ReadErrors.h"
+#include "StraySources.h"
 
 #include <KlvExtender/SceneGraph/ObjectLabel.h>
 
@@ -105,6 +106,7 @@ QString flaw(void* text, size_t size)
     if (!again)
         return collector.errors.value(0, SceneWriter::tr("Coin cannot read it"));
     again->ref();
+    const StraySources sources(*again);
     again->unref();
     return QString();
 }
