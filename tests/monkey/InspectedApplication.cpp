@@ -75,14 +75,15 @@ void InspectedApplication::connectField()
     SoField* source = m_chance.pick(3) ? field(node()) : SoDB::getGlobalField("realTime");
     if (!target || !source || target->isConnected())
         return target ? target->disconnect() : void();
-    // Nothing that goes round in circles, over connections or nodes, nor what Coin cannot convert: a time
-    // beyond all years ends it where it is to become a text.
+    // Nothing that goes round in circles, over connections or nodes, nor what Coin cannot convert or write: a
+    // time beyond all years ends it where it is to become a text, and an enumeration takes over the names of
+    // another, which no file holds.
+    static const QRegularExpression unfit("F(Node|String|Enum|BitMask)$");
     SoFieldList targets;
     const SoType from = source->getTypeId();
     const SoType to = target->getTypeId();
     if (source != target && !source->isConnected() && target->getForwardConnections(targets) == 0 &&
-        !QString(to.getName().getString()).endsWith("FNode") &&
-        !QString(to.getName().getString()).endsWith("FString") &&
+        !QString(to.getName().getString()).contains(unfit) &&
         (from == to || SoDB::getConverter(from, to) != SoType::badType()))
         target->connectFrom(source);
 }
